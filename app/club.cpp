@@ -1,0 +1,5 @@
+#include "app/program.h"
+
+void ReadClubName(Program&) { }
+void SaveClubName(Program&) { }
+void ShowClubName(Program&) { }

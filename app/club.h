@@ -1,0 +1,14 @@
+// The club name: read at start-up, typed once when its file is missing.
+#pragma once
+
+struct Program;
+
+/// Reads the first line of "\V.dat" into ClubName and hides the entry box; without the file the box
+/// is shown.
+void ReadClubName(Program& program);
+
+/// Command22: writes the text of the box (Text5) as club name, shows it and hides the box.
+void SaveClubName(Program& program);
+
+/// Label1(1) shows ClubName, or "Vereinsname" at start-up when it is empty.
+void ShowClubName(Program& program);

@@ -1,0 +1,5 @@
+#include "app/program.h"
+
+void StepYear(Program&, int) { }
+void LoadYear(Program&) { }
+void ShowYear(Program&) { }

@@ -1,0 +1,73 @@
+// The whole state of the program: one plain struct per subsystem, side by side, and the controls of
+// the four tabs. Forms reach each other's routines through this header; plain files never include
+// it.
+#pragma once
+
+#include "app/club.h"
+#include "app/load_year.h"
+#include "app/main_window.h"
+#include "app/start_up.h"
+#include "app/tab_guard.h"
+#include "backup/backup_form.h"
+#include "cashbook/cashbook_form.h"
+#include "controls/controls.h"
+#include "controls/guard.h"
+#include "controls/message_boxes.h"
+#include "data/line_file.h"
+#include "members/member_form.h"
+#include "members/member_lists.h"
+#include "settings/bank_settings.h"
+#include "settings/price_settings.h"
+#include "settings/settings_form.h"
+#include "statement/statement_form.h"
+
+#include <QDate>
+
+#include <functional>
+
+/// The year that is chosen and how it stands to the loaded one.
+struct YearState {
+    QString YearText; ///< four digits; set by start-up and the year buttons
+    qint16 YearNumber
+        = 0; ///< the start-up year as a number; prices are carried over only into this year
+    QString LoadedYear; ///< the year of the lists in memory; empty before the first load
+    QString CurrentLedgerName; ///< kept as written by the loading sequence; nothing reads it
+};
+
+struct Program {
+    DataFiles Files;
+    std::function<QDate()> Today = [] { return QDate::currentDate(); };
+    AskRoutine Ask; ///< every message box goes through here
+    ErrorBoxState Errors;
+
+    YearState Year;
+    QString ClubName;
+    MemberLists Members;
+    MemberState Member;
+    PriceSettings Prices;
+    BankSettings Bank;
+    SettingsState Settings; // settings/settings_form.h
+    StatementState Statement; // statement/statement_form.h
+    CashBookState CashBook; // cashbook/cashbook_form.h
+
+    MainWindowForm Window;
+    MemberForm MembersTab; // tab "Stammdaten"
+    StatementForm Preview; // tab "Druckvorlagen"
+    CashBookForm CashBookTab; // tab "Kontoführung"
+    SettingsForm SettingsTab; // tab "Einstellungen"
+    BackupForm Backup; // the frame "Datensicherung" on the tab "Einstellungen"
+};
+
+/// Connects a control's signal to a handler inside Guard.
+template <typename Sender, typename Signal, typename Handler>
+void On(Program& program, Sender* sender, Signal signal, Handler handler)
+{
+    QObject::connect(sender, signal, sender, [&program, handler](auto&&... arguments) {
+        Guard(program.Errors, program.Ask, [&] {
+            if constexpr (std::is_invocable_v<Handler, Program&, decltype(arguments)...>)
+                handler(program, std::forward<decltype(arguments)>(arguments)...);
+            else
+                handler(program);
+        });
+    });
+}

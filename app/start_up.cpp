@@ -1,0 +1,3 @@
+#include "app/program.h"
+
+void StartUp(Program&) { }

@@ -1,0 +1,5 @@
+#include "app/program.h"
+
+void TabChanged(Program&, int) { }
+void AskForUnsaved(Program&) { }
+void Exit(Program&) { }

@@ -1,0 +1,1 @@
+#include "data/line_file.h"

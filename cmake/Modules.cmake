@@ -1,0 +1,42 @@
+# How a target of this project is made. Every compiler flag stands in parzello_flags and nowhere else.
+
+set(CMAKE_AUTOMOC OFF)
+set(CMAKE_AUTORCC ON)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+
+add_library(parzello_flags INTERFACE)
+target_compile_features(parzello_flags INTERFACE cxx_std_20)
+target_include_directories(parzello_flags INTERFACE ${PROJECT_SOURCE_DIR})
+target_compile_options(parzello_flags INTERFACE
+    -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror
+    -fstack-protector-strong -fPIC)
+target_compile_definitions(parzello_flags INTERFACE
+    QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_CAST_FROM_BYTEARRAY
+    QT_NO_FOREACH QT_NO_KEYWORDS
+    $<$<CONFIG:Release>:_FORTIFY_SOURCE=2>)
+target_link_options(parzello_flags INTERFACE -Wl,-z,relro,-z,now)
+if(PARZELLO_SANITIZE)
+    target_compile_options(parzello_flags INTERFACE
+        -fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer)
+    target_link_options(parzello_flags INTERFACE -fsanitize=address,undefined)
+endif()
+
+# A library of plain files: structs and free routines that know QtCore and cannot show a window.
+function(parzello_plain_library name)
+    cmake_parse_arguments(arg "" "" "SOURCES;KNOWS" ${ARGN})
+    add_library(${name} STATIC ${arg_SOURCES})
+    target_link_libraries(${name} PUBLIC parzello_flags Qt6::Core ${arg_KNOWS})
+endfunction()
+
+# One test program for one test file (Qt Test, no window system needed).
+function(parzello_test name)
+    cmake_parse_arguments(arg "" "" "LIBRARIES" ${ARGN})
+    add_executable(${name} ${name}.cpp)
+    set_target_properties(${name} PROPERTIES AUTOMOC ON)
+    target_link_libraries(${name} PRIVATE test_support ${arg_LIBRARIES} Qt6::Test)
+    target_compile_definitions(${name} PRIVATE
+        PARZELLO_FIXTURES="${PROJECT_SOURCE_DIR}/tests/fixtures")
+    add_test(NAME ${name} COMMAND ${name})
+    set_tests_properties(${name} PROPERTIES
+        ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8;TZ=UTC" TIMEOUT 300)
+endfunction()

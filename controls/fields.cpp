@@ -1,0 +1,117 @@
+#include "controls/fields.h"
+
+#include "data/ansi_text.h"
+#include "data/german_numbers.h"
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QPalette>
+#include <QVariant>
+
+namespace {
+
+constexpr char tint_property[] = "tint";
+constexpr char own_tool_tip_property[] = "own_tool_tip";
+constexpr int text_margin = 14; // frame and inner margins of a line edit, left and right
+
+/// The same typed text with the caret at the same place counted from the end, which is where the
+/// user is typing.
+void ShowAsStored(QLineEdit* field, const QString& typed)
+{
+    const QString stored = AsStored(typed);
+    if (stored == typed)
+        return;
+    const qsizetype behind_caret = typed.size() - field->cursorPosition();
+    field->setText(stored);
+    field->setCursorPosition(static_cast<int>(stored.size() - behind_caret));
+}
+
+void TintWhenNoNumber(QLineEdit* field)
+{
+    const bool wrong = !field->text().isEmpty() && !IsNumber(field->text());
+    if (wrong)
+        Tint(field, TintKind::Wrong,
+            QStringLiteral("Hier wird eine Zahl erwartet, zum Beispiel 12,50"));
+    else if (TintOf(field) == TintKind::Wrong)
+        Tint(field, TintKind::None);
+}
+
+QColor TintColour(TintKind kind)
+{
+    switch (kind) {
+    case TintKind::None:
+        break;
+    case TintKind::Unsaved:
+        return QColor(0xf2, 0xc1, 0x2e);
+    case TintKind::Wrong:
+        return QColor(0xe0, 0x4f, 0x4f);
+    case TintKind::OtherYear:
+        return QColor(0x3d, 0x8e, 0xc9);
+    }
+    return {};
+}
+
+QColor Blend(const QColor& ground, const QColor& colour)
+{
+    constexpr int share
+        = 28; // percent of the colour: visible on white and on black, and text stays readable
+    const auto mix = [](int a, int b) { return (a * (100 - share) + b * share) / 100; };
+    return { mix(ground.red(), colour.red()), mix(ground.green(), colour.green()),
+        mix(ground.blue(), colour.blue()) };
+}
+
+} // namespace
+
+QLineEdit* MakeField(QWidget* parent, FieldKind kind, int characters,
+    const QString& accessible_name, const QString& unit)
+{
+    auto* field = new QLineEdit(parent);
+    field->setAccessibleName(accessible_name);
+    field->setAccessibleDescription(unit);
+    field->setMinimumWidth(field->fontMetrics().averageCharWidth() * characters + text_margin);
+    if (kind == FieldKind::Amount) {
+        field->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+        QObject::connect(
+            field, &QLineEdit::textChanged, field, [field] { TintWhenNoNumber(field); });
+    }
+    if (kind == FieldKind::DisplayOnly) {
+        field->setReadOnly(true);
+        field->setFocusPolicy(Qt::NoFocus);
+        field->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    }
+    QObject::connect(field, &QLineEdit::textEdited, field,
+        [field](const QString& typed) { ShowAsStored(field, typed); });
+    return field;
+}
+
+QLabel* MakeCaption(QWidget* parent, const QString& text, QWidget* field)
+{
+    auto* caption = new QLabel(text, parent);
+    caption->setTextFormat(Qt::PlainText);
+    caption->setBuddy(field);
+    return caption;
+}
+
+void Tint(QWidget* field, TintKind kind, const QString& tool_tip)
+{
+    if (TintOf(field) == TintKind::None && kind != TintKind::None)
+        field->setProperty(own_tool_tip_property, field->toolTip());
+    if (kind == TintKind::None) {
+        if (TintOf(field) == TintKind::None)
+            return;
+        field->setProperty(tint_property, {});
+        field->setPalette(QPalette());
+        field->setToolTip(field->property(own_tool_tip_property).toString());
+        return;
+    }
+    QPalette palette;
+    palette.setColor(QPalette::Base, Blend(palette.color(QPalette::Base), TintColour(kind)));
+    field->setPalette(palette);
+    field->setProperty(tint_property, static_cast<int>(kind));
+    field->setToolTip(tool_tip);
+}
+
+TintKind TintOf(const QWidget* field)
+{
+    return static_cast<TintKind>(field->property(tint_property).toInt());
+}

@@ -1,0 +1,37 @@
+// The few kinds of captions and entry fields that every tab is made of: one look, one behaviour.
+#pragma once
+
+#include "controls/controls.h"
+
+#include <QString>
+
+class QLabel;
+class QLineEdit;
+class QWidget;
+
+inline constexpr int FrameSpacing = 8; ///< pixels between things inside a frame
+inline constexpr int TabSpacing = 12; ///< pixels between frames
+
+/// What goes into a field; amounts and readings are right-aligned and tinted while their text is no
+/// number.
+enum class FieldKind { Text, Amount, DisplayOnly };
+
+/// An entry field wide enough for so many characters. What is typed or pasted is shown at once as
+/// it will be stored (data/ansi_text.h, AsStored); texts set by code are left alone. The accessible
+/// name is what a screen reader says and is unique within the tab; the unit ("KWh", "€") goes into
+/// the accessible description.
+QLineEdit* MakeField(QWidget* parent, FieldKind kind, int characters,
+    const QString& accessible_name, const QString& unit = {});
+
+/// A caption in front of a field (plain text; its buddy is the field).
+QLabel* MakeCaption(QWidget* parent, const QString& text, QWidget* field = nullptr);
+
+enum class TintKind { None, Unsaved, Wrong, OtherYear };
+
+/// Colours the field's ground (light and dark desktops alike) and shows the tool tip while it is
+/// tinted; None gives the field its own colours and its own tool tip back. Tints say something,
+/// they never change behaviour.
+void Tint(QWidget* field, TintKind kind, const QString& tool_tip = {});
+
+/// The tint of a field, None when it has its own colours.
+TintKind TintOf(const QWidget* field);

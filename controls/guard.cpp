@@ -1,0 +1,53 @@
+#include "controls/guard.h"
+
+#include <cerrno>
+#include <exception>
+#include <new>
+
+MessageBox ErrorBox(const RuntimeError& error)
+{
+    MessageBox box;
+    box.title = QStringLiteral("Kleingarten Parzello");
+    box.icon = BoxIcon::Error;
+    box.text = ErrorHeadline(error);
+    box.detail = ErrorSentence(error);
+    return box;
+}
+
+namespace {
+
+void ShowOnce(ErrorBoxState& state, const AskRoutine& ask, const MessageBox& box)
+{
+    const QString whole = box.text + QLatin1Char('\n') + box.detail;
+    if (state.Showing || state.ShownInThisAction.contains(whole))
+        return;
+    state.ShownInThisAction += whole;
+    state.Showing = true;
+    ask(box);
+    state.Showing = false;
+}
+
+} // namespace
+
+void ReportError(ErrorBoxState& state, const AskRoutine& ask, const RuntimeError& error)
+{
+    ShowOnce(state, ask, ErrorBox(error));
+}
+
+void Guard(ErrorBoxState& state, const AskRoutine& ask, const std::function<void()>& handler)
+{
+    if (state.Depth == 0)
+        state.ShownInThisAction.clear();
+    ++state.Depth;
+    try {
+        handler();
+    } catch (const RuntimeError& error) {
+        ReportError(state, ask, error);
+    } catch (const std::bad_alloc&) {
+        ReportError(state, ask, { ErrorKind::File, {}, GermanReason(ENOMEM) });
+    } catch (const std::exception& error) {
+        RuntimeError unexpected { ErrorKind::File, {}, QString::fromUtf8(error.what()) };
+        ReportError(state, ask, unexpected);
+    }
+    --state.Depth;
+}

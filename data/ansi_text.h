@@ -1,0 +1,18 @@
+// Bytes of the files become text and text becomes bytes: code page 1252. The only place where that
+// happens.
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+/// Every byte becomes one character; the five unassigned bytes become the control characters of the
+/// same number, so that all 256 bytes survive DecodeAnsi and EncodeAnsi.
+QString DecodeAnsi(const QByteArray& bytes);
+
+/// Characters that the code page lacks become their best-fit letter ("Ł" becomes "L"), decomposed
+/// letters are composed first; what has no likeness becomes "?".
+QByteArray EncodeAnsi(const QString& text);
+
+/// A typed or pasted text as it will be stored: line breaks and control characters a blank each,
+/// everything else as EncodeAnsi and DecodeAnsi give it back.
+QString AsStored(const QString& text);

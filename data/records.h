@@ -1,0 +1,56 @@
+// The line formats shared by the subsystems: a member's record (16 fields) and a booking (4
+// fields), joined with ";". Described in docs/file-formats.md. Nothing is trimmed, checked or
+// quoted.
+#pragma once
+
+#include "data/runtime_error.h"
+
+#include <QString>
+#include <QStringList>
+
+/// Positions of a member's fields in the record. Also the index of the form's fields Text3(0) to
+/// Text3(11).
+enum MemberField {
+    Surname = 0,
+    FirstName,
+    Street,
+    Town,
+    Telephone,
+    PlotNumber,
+    PlotSize,
+    Instalments,
+    LiabilityPremium,
+    LegalPremium,
+    AccidentPremium,
+    BuildingPremium,
+    ElectricityStart,
+    ElectricityEnd,
+    WaterStart,
+    WaterEnd,
+    MemberFieldCount
+};
+
+/// Captions of the 16 fields, for messages ("Endstand Strom").
+QString MemberFieldCaption(int field);
+
+/// Splits at every ";" without limit; an empty line gives one empty field.
+QStringList SplitRecord(const QString& line);
+
+/// Joins with ";" and puts none after the last field.
+QString JoinRecord(const QStringList& fields);
+
+/// Field at that position; throws RuntimeError SubscriptOutOfRange with the place when the record
+/// is shorter.
+const QString& FieldAt(const QStringList& fields, int field, const Place& where);
+
+/// Field at that position, the empty text when the record is shorter.
+QString FieldOrEmpty(const QStringList& fields, int field);
+
+/// Surname, comma, first name with no blank; missing fields are empty.
+QString NameEntry(const QStringList& fields);
+
+/// A booking: date, text, deposit, withdrawal. Positions of the fields of a ledger line.
+enum LedgerField { BookingDate = 0, BookingText, Deposit, Withdrawal, LedgerFieldCount };
+
+/// The first four fields joined with ";", missing ones empty, later ones dropped.
+QString FirstFourFields(const QStringList& fields);

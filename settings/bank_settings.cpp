@@ -1,0 +1,1 @@
+#include "settings/bank_settings.h"

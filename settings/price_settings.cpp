@@ -1,0 +1,1 @@
+#include "settings/price_settings.h"

@@ -1,0 +1,61 @@
+// The tab "Einstellungen": prices of the year, bank, treasurer and contact persons.
+#pragma once
+
+#include <QString>
+
+#include <array>
+
+class QCalendarWidget;
+class QCheckBox;
+class QComboBox;
+class QLabel;
+class QLineEdit;
+class QPushButton;
+class QWidget;
+struct Program;
+
+/// Marks of unsaved settings and the texts last loaded or saved.
+struct SettingsState {
+    bool SettingsSaved = true; ///< false after any edit on the tab
+    bool PricesEdited = false; ///< a price, a date, the salutation or a prepayment box was edited
+    std::array<QString, 11> SavedPrices; ///< snapshot of Text4(0) to Text4(7)
+    std::array<QString, 6> SavedBank; ///< snapshot of Text6(0) to Text6(5)
+};
+
+struct SettingsForm {
+    QLabel* Label4 = nullptr; ///< "Preise für das Jahr " + year
+    std::array<QLineEdit*, 9>
+        Text4 {}; ///< prices 0 to 6, "Reparaturumlage" 7, payment deadline 8 (by calendar only)
+    QLabel* Label7 = nullptr; ///< billing date
+    QCalendarWidget* Calendar1 = nullptr; ///< sets the billing date
+    QCalendarWidget* Calendar2 = nullptr; ///< sets the payment deadline
+    QCheckBox* Check1 = nullptr; ///< "Vorauszahlung Strom"
+    QCheckBox* Check2 = nullptr; ///< "Vorauszahlung Wasser"
+    QPushButton* Command5 = nullptr; ///< "Speichern" of the prices
+    std::array<QLineEdit*, 6> Text6 {}; ///< bank name, IBAN, BIC, two contacts, treasurer
+    QComboBox* C1 = nullptr; ///< "Anrede"
+    QPushButton* Command7 = nullptr; ///< "Speichern" of bank, treasurer and contacts
+};
+
+/// Builds the tab into the page, the frame "Datensicherung" of backup_form included.
+void BuildSettingsTab(Program& program, QWidget* tab);
+
+/// Fills the fields for YearText from both INI files; a new year without prices takes over last
+/// year's and writes them.
+void LoadSettings(Program& program);
+
+void SavePriceSettings(Program& program); ///< Command5
+void SaveBankSettings(Program& program); ///< Command7
+
+/// Puts the saved texts back into the fields; "Nein" of the guard.
+void RestoreSettingsFields(Program& program);
+
+/// Label4 := "Preise für das Jahr " + YearText; both calendars take the year of YearText (29
+/// February becomes the 28th).
+void ShowSettingsYear(Program& program);
+
+/// Both calendars show today's date. Runs no handler.
+void SetSettingsCalendarsToToday(Program& program);
+
+/// The contact fields complete from these names (the name list).
+void OfferContactNames(Program& program);

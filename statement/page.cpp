@@ -1,0 +1,1 @@
+#include "statement/page.h"

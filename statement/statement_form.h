@@ -1,0 +1,62 @@
+// The tab "Druckvorlagen": bill preview, paging, printing.
+#pragma once
+
+#include "statement/page.h"
+
+#include <QStringList>
+
+#include <memory>
+#include <vector>
+
+class QLabel;
+class QLineEdit;
+class QPrinter;
+class QPushButton;
+class QRadioButton;
+class QScrollBar;
+class QWidget;
+struct Program;
+
+/// The pages of the year and where the preview stands.
+struct StatementState {
+    PageItems FixedContents; ///< the same on every page; recorded once per redraw
+    std::vector<PageItems> MemberContents; ///< one list per member, in member order
+    QStringList StatementTotals; ///< List7: total of each drawn member as text of a single
+    float LastGrandTotal = 0.0F; ///< single precision
+    QString PageSelection; ///< flags joined with ";"; always empty when printing starts
+    qint16 ShownPage = 1; ///< 1 is the first page
+    qint32 ScrollOffset = 0; ///< viewport pixels, 0 or negative
+    std::vector<qint32> PageTops; ///< top of each page surface in the viewport
+    bool PrintAllPages = false; ///< kept, read nowhere
+};
+
+struct StatementForm {
+    QWidget* P1 = nullptr; ///< viewport that shows one page surface
+    QScrollBar* VScroll1 = nullptr;
+    QLineEdit* Text7 = nullptr; ///< "Angezeigte Seite"
+    QLineEdit* Text9 = nullptr; ///< "Gesamtseitenzahl"
+    QPushButton* Command9Next = nullptr; ///< Command9(0)
+    QPushButton* Command9Previous = nullptr; ///< Command9(1)
+    QRadioButton* Option1 = nullptr; ///< "Alles"
+    QRadioButton* Option2 = nullptr; ///< "Seiten"
+    QLineEdit* Text8From = nullptr; ///< Text8(0)
+    QLineEdit* Text8To = nullptr; ///< Text8(1)
+    QPushButton* Command6 = nullptr; ///< "Drucken"
+};
+
+void BuildStatementTab(Program& program, QWidget* tab);
+
+/// One page per member, page 1 shown, page fields set; draws all pages.
+void RebuildStatementPages(Program& program);
+
+/// Redraws every page and the totals list from the member lists and settings in memory. Errors of
+/// bad records or numbers are reported here and callers go on: one new member never leaves the year
+/// half loaded.
+void DrawStatementPages(Program& program);
+
+/// Text9 and Text8(1) show the number of members.
+void SetPageFields(Program& program);
+
+void NextPage(Program& program); ///< Command9(0)
+void PreviousPage(Program& program); ///< Command9(1)
+void PrintStatements(Program& program); ///< Command6
