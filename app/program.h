@@ -11,6 +11,7 @@
 #include "backup/backup_form.h"
 #include "cashbook/cashbook_form.h"
 #include "controls/controls.h"
+#include "controls/events.h"
 #include "controls/guard.h"
 #include "controls/message_boxes.h"
 #include "data/line_file.h"
@@ -69,5 +70,17 @@ void On(Program& program, Sender* sender, Signal signal, Handler handler)
             else
                 handler(program);
         });
+    });
+}
+
+/// Runs a handler inside Guard for an event of the watched control. The handler answers true to
+/// swallow the event.
+template <typename Handler>
+void OnEvent(Program& program, QObject* watched, QEvent::Type type, Handler handler)
+{
+    HookEvent(watched, type, [&program, handler](QEvent& event) {
+        bool swallowed = false;
+        Guard(program.Errors, program.Ask, [&] { swallowed = handler(program, event); });
+        return swallowed;
     });
 }
