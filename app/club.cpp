@@ -1,5 +1,37 @@
-#include "app/program.h"
+#include "app/club.h"
 
-void ReadClubName(Program&) { }
-void SaveClubName(Program&) { }
-void ShowClubName(Program&) { }
+#include "app/program.h"
+#include "app/texts.h"
+#include "data/file_names.h"
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+
+void ReadClubName(Program& program)
+{
+    const bool is_there = FileExists(program.Files, ClubNameFile);
+    program.Window.Text5->setVisible(!is_there);
+    program.Window.Command22->setVisible(!is_there);
+    if (is_there)
+        program.ClubName = ReadLines(program.Files, ClubNameFile).value(0);
+}
+
+void ShowClubName(Program& program)
+{
+    program.Window.ClubNameLabel->setText(
+        program.ClubName.isEmpty() ? ClubNamePlaceholder : program.ClubName);
+}
+
+void SaveClubName(Program& program)
+{
+    const QString typed = program.Window.Text5->text();
+    RewriteLines(program.Files, ClubNameFile, { typed });
+    program.ClubName = typed;
+    program.Window.ClubNameLabel->setText(
+        typed); // an empty name shows nothing until the next start
+    program.Window.Text5->hide();
+    program.Window.Command22->hide();
+    DrawStatementPages(program); // the name stands on every bill
+    ShowAccountTitle(program);
+}

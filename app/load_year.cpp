@@ -1,5 +1,103 @@
-#include "app/program.h"
+#include "app/load_year.h"
 
-void StepYear(Program&, int) { }
-void LoadYear(Program&) { }
-void ShowYear(Program&) { }
+#include "app/program.h"
+#include "app/texts.h"
+#include "controls/fields.h"
+#include "data/dates.h"
+#include "data/file_names.h"
+
+#include <QLineEdit>
+
+#include <utility>
+
+void ShowYear(Program& program)
+{
+    QLineEdit* year_box = program.MembersTab.Text2;
+    year_box->setText(program.Year.YearText);
+    const QString& loaded = program.Year.LoadedYear;
+    if (loaded.isEmpty() || loaded == program.Year.YearText)
+        Tint(year_box, TintKind::None);
+    else
+        Tint(year_box, TintKind::OtherYear,
+            QStringLiteral("Gezeigt werden noch die Daten von %1. „Laden“ lädt %2; ein Speichern "
+                           "ohne Laden schreibt die gezeigten Mitglieder in das Jahr %2.")
+                .arg(loaded, program.Year.YearText));
+}
+
+void StepYear(Program& program, int index)
+{
+    const QString present = QString::number(program.Today().year());
+    if (index == 1)
+        program.Year.YearText = PreviousYear(program.Year.YearText);
+    else if (program.Year.YearText != present)
+        program.Year.YearText = NextYear(program.Year.YearText);
+    ShowYear(program);
+}
+
+namespace {
+
+/// One step of the sequence: what goes wrong in it is shown, and the next step runs all the same.
+template <typename Routine> void Step(Program& program, Routine routine)
+{
+    Guard(program.Errors, program.Ask, [&] { routine(program); });
+}
+
+/// Both members files, read into fresh lists: when one cannot be read, the lists in memory stay.
+MemberLists ReadLists(const Program& program)
+{
+    MemberLists lists;
+    ReadMembersFile(lists, program.Files, program.Year.YearText);
+    ReadPreviousYear(lists, program.Files, program.Year.YearText);
+    return lists;
+}
+
+void ClearLedgers(Program& program)
+{
+    program.CashBook.BankLedger.clear();
+    program.CashBook.CashBoxLedger.clear();
+    program.CashBook.BankUnsaved = false;
+    program.CashBook.CashBoxUnsaved = false;
+}
+
+void ShowFirstOrCurrentMember(Program& program)
+{
+    qint16& current = program.Member.CurrentMember;
+    if (current < 0 || current >= program.Members.RecordList.size())
+        current = 0;
+    ShowMember(program);
+}
+
+} // namespace
+
+void LoadYear(Program& program)
+{
+    const QString& year = program.Year.YearText;
+    if (!FileExists(program.Files, MembersFileName(year))) {
+        MessageBox box;
+        box.text = NoDataForYear(year);
+        box.title = DataErrorTitle;
+        program.Ask(box);
+        return;
+    }
+    program.Members = ReadLists(program);
+    program.Year.LoadedYear = year;
+    ClearLedgers(program);
+    ClearFields(program, 1);
+    ShowYear(program);
+    ShowNameList(program);
+    ShowCashBookNames(program);
+    OfferContactNames(program);
+
+    program.Year.CurrentLedgerName = BankLedgerFileName(year);
+    ShowSettingsYear(program);
+    SetPageFields(program);
+    Step(program, ReadCashBoxLedger);
+    MakeBankAccountCurrent(program);
+    program.Year.CurrentLedgerName = QStringLiteral("/Konto") + year + QStringLiteral(".pz");
+
+    Step(program, LoadSettings);
+    Step(program, RebuildStatementPages);
+    Step(program, DrawStatementPages);
+    Step(program, ShowLedger);
+    Step(program, ShowFirstOrCurrentMember);
+}

@@ -1,6 +1,152 @@
 #include "app/main_window.h"
 
 #include "app/program.h"
+#include "app/shortcuts.h"
+#include "app/texts.h"
+#include "controls/fields.h"
 
-void BuildMainWindow(Program&) { }
-void DestroyMainWindow(Program&) { }
+#include <QCloseEvent>
+#include <QFont>
+#include <QGuiApplication>
+#include <QHBoxLayout>
+#include <QIcon>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMainWindow>
+#include <QPushButton>
+#include <QScreen>
+#include <QScrollArea>
+#include <QTabWidget>
+#include <QVBoxLayout>
+
+namespace {
+
+QWidget* BuildHead(Program& program, QWidget* parent)
+{
+    MainWindowForm& window = program.Window;
+    auto* head = new QWidget(parent);
+    window.ClubNameLabel = Named(new QLabel(head), QStringLiteral("Label1"), 1);
+    window.ClubNameLabel->setTextFormat(Qt::PlainText);
+    window.ClubNameLabel->setWordWrap(
+        true); // a long club name takes two lines instead of widening the window
+    QFont large = window.ClubNameLabel->font();
+    large.setPointSizeF(large.pointSizeF() * 1.5);
+    large.setBold(true);
+    window.ClubNameLabel->setFont(large);
+
+    window.Text5 = Named(MakeField(head, FieldKind::Text, 30, QStringLiteral("Vereinsname")),
+        QStringLiteral("Text5"));
+    window.Text5->setText(ClubNameHint);
+    window.Text5->setCursorPosition(0);
+    window.Command22
+        = Named(new QPushButton(QStringLiteral("Speichern"), head), QStringLiteral("Command22"));
+    window.Command22->setAccessibleName(QStringLiteral("Vereinsname speichern"));
+    window.Command22->setToolTip(
+        QStringLiteral("Speichert den Vereinsnamen. Er steht auf jeder Abrechnung."));
+    window.Command8
+        = Named(new QPushButton(QStringLiteral("Beenden"), head), QStringLiteral("Command8"));
+    window.Command8->setToolTip(QStringLiteral(
+        "Beendet das Programm sofort und ohne Rückfrage. Nicht Gespeichertes geht verloren."));
+
+    auto* row = new QHBoxLayout(head);
+    row->setContentsMargins(TabSpacing, FrameSpacing, TabSpacing, FrameSpacing);
+    row->setSpacing(TabSpacing);
+    row->addWidget(window.ClubNameLabel, 1);
+    row->addWidget(window.Text5, 2);
+    row->addWidget(window.Command22);
+    row->addWidget(window.Command8);
+    return head;
+}
+
+QWidget* AddTab(Program& program, const QString& caption, void (*build)(Program&, QWidget*))
+{
+    auto* page = new QWidget;
+    program.Window.SSTab1->addTab(page, caption);
+    build(program, page);
+    return page;
+}
+
+void BuildTabs(Program& program, QWidget* parent)
+{
+    program.Window.SSTab1 = Named(new QTabWidget(parent), QStringLiteral("SSTab1"));
+    program.Window.SSTab1->setAccessibleName(QStringLiteral("Bereiche"));
+    AddTab(program, QStringLiteral("Stammdaten"), BuildMemberTab);
+    AddTab(program, QStringLiteral("Druckvorlagen"), BuildStatementTab);
+    AddTab(program, QStringLiteral("Kontoführung"), BuildCashBookTab);
+    AddTab(program, QStringLiteral("Einstellungen"), BuildSettingsTab);
+    for (int tab = 0; tab < program.Window.SSTab1->count(); ++tab)
+        program.Window.SSTab1->setTabToolTip(tab, QStringLiteral("Strg+%1").arg(tab + 1));
+}
+
+/// A window that is smaller than its tabs scrolls.
+QWidget* BuildContent(Program& program)
+{
+    auto* content = new QWidget;
+    QWidget* head = BuildHead(program, content);
+    BuildTabs(program, content);
+    auto* column = new QVBoxLayout(content);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addWidget(head);
+    column->addWidget(program.Window.SSTab1, 1);
+
+    auto* scroll = new QScrollArea;
+    scroll->setFrameShape(QFrame::NoFrame);
+    scroll->setWidgetResizable(true);
+    scroll->setFocusPolicy(Qt::NoFocus);
+    scroll->setWidget(content);
+    return scroll;
+}
+
+bool WindowClosing(Program& program, QEvent&)
+{
+    if (!qGuiApp->isSavingSession()) // the end of the desktop session must not wait for an answer
+        AskForUnsaved(program);
+    return false;
+}
+
+bool ClubNameFocused(Program& program, QEvent&)
+{
+    program.Window.Text5->selectAll(); // so that typing replaces the hint
+    return false;
+}
+
+void ConnectHandlers(Program& program)
+{
+    const MainWindowForm& window = program.Window;
+    On(program, window.SSTab1, &QTabWidget::currentChanged, TabChanged);
+    On(program, window.Command8, &QPushButton::clicked, Exit);
+    On(program, window.Command22, &QPushButton::clicked, SaveClubName);
+    On(program, window.Text5, &QLineEdit::returnPressed, SaveClubName);
+    OnEvent(program, window.Text5, QEvent::FocusIn, ClubNameFocused);
+    OnEvent(program, window.Window, QEvent::Close, WindowClosing);
+}
+
+QSize FirstSize(const QWidget* window)
+{
+    const QSize wanted(1280, 860);
+    return wanted.boundedTo(window->screen()->availableGeometry().size());
+}
+
+} // namespace
+
+void BuildMainWindow(Program& program)
+{
+    Q_INIT_RESOURCE(parzello); // the icon lies in a static library
+    auto* window = Named(new QMainWindow, QStringLiteral("MainWindow"));
+    program.Window.Window = window;
+    window->setWindowTitle(WindowCaption);
+    window->setWindowIcon(QIcon(QStringLiteral(":/parzello.svg")));
+    if (!program.Ask)
+        program.Ask = [window](const MessageBox& box) { return ShowMessageBox(window, box); };
+    window->setCentralWidget(BuildContent(program));
+    window->resize(FirstSize(window));
+    BuildShortcuts(program);
+    ConnectHandlers(program); // last: building a tab control signals tab changes
+}
+
+void DestroyMainWindow(Program& program)
+{
+    delete program.Window.Window;
+    program.Window = {};
+}

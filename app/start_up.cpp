@@ -1,3 +1,106 @@
-#include "app/program.h"
+#include "app/start_up.h"
 
-void StartUp(Program&) { }
+#include "app/program.h"
+#include "data/dates.h"
+#include "data/file_names.h"
+
+#include <QCalendarWidget>
+#include <QSignalBlocker>
+
+namespace {
+
+template <typename Routine> void Step(Program& program, Routine routine)
+{
+    Guard(program.Errors, program.Ask, [&] { routine(program); });
+}
+
+void TakeTodaysYear(Program& program)
+{
+    const int year = program.Today().year();
+    program.Year.YearText = QString::number(year);
+    program.Year.YearNumber = static_cast<qint16>(year);
+}
+
+void SetCalendarsToToday(Program& program)
+{
+    const QSignalBlocker silent(program.CashBookTab.Cal3);
+    program.CashBookTab.Cal3->setSelectedDate(program.Today());
+    SetSettingsCalendarsToToday(program);
+}
+
+void ReadBothYears(Program& program)
+{
+    MemberLists lists;
+    ReadMembersFile(lists, program.Files, program.Year.YearText);
+    ReadPreviousYear(lists, program.Files, program.Year.YearText);
+    program.Members = lists;
+}
+
+/// The first start of a new year: last year's members with their end readings as start readings.
+/// The new file is computed whole and written before anything is kept.
+void BeginNewYear(Program& program)
+{
+    const QString& year = program.Year.YearText;
+    const QString last_year = PreviousYear(year);
+    MemberLists lists;
+    ReadMembersFile(lists, program.Files, last_year);
+    lists.RecordList
+        = RollReadingsForward(lists.RecordList, FileNameOf(MembersFileName(last_year)));
+    lists.PreviousYearMissing = true;
+    WriteMembersFile(lists, program.Files, year);
+    program.Members = lists;
+}
+
+void ReadMembersOfTheYear(Program& program)
+{
+    const QString& year = program.Year.YearText;
+    const bool this_year = FileExists(program.Files, MembersFileName(year));
+    const bool last_year = FileExists(program.Files, MembersFileName(PreviousYear(year)));
+    if (this_year && last_year)
+        ReadBothYears(program);
+    else if (last_year)
+        BeginNewYear(program);
+    else {
+        program.Members.PreviousYearMissing
+            = false; // a file of this year alone is read by LoadYear
+        return;
+    }
+    program.Year.LoadedYear = year;
+    ClearFields(program, 1);
+    ShowNameList(program);
+    ShowCashBookNames(program);
+}
+
+void ShowMemberZero(Program& program)
+{
+    program.Member.CurrentMember = 0;
+    ShowMember(program);
+}
+
+} // namespace
+
+void StartUp(Program& program)
+{
+    Guard(program.Errors, program.Ask, [&program] {
+        Step(program, [](Program& p) { FinishRewrites(p.Files); });
+        ResetCashBook(program);
+        Step(program, ReadClubName);
+        TakeTodaysYear(program);
+        SetCalendarsToToday(program);
+        program.Year.CurrentLedgerName = BankLedgerFileName(program.Year.YearText);
+        program.Member.CurrentMember = -1;
+        ShowSettingsYear(program);
+        ShowClubName(program);
+        ShowYear(program);
+        Step(program, ReadMembersOfTheYear);
+        Step(program, ReadCashBoxLedger);
+        SetUpLedgerColumns(program);
+        MakeBankAccountCurrent(program);
+        Step(program, ShowLedger);
+        Step(program, LoadSettings);
+        program.Settings.SettingsSaved = true;
+        Step(program, RebuildStatementPages);
+        Step(program, ShowMemberZero);
+        Step(program, LoadYear);
+    });
+}

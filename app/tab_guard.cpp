@@ -1,5 +1,122 @@
-#include "app/program.h"
+#include "app/tab_guard.h"
 
-void TabChanged(Program&, int) { }
-void AskForUnsaved(Program&) { }
-void Exit(Program&) { }
+#include "app/program.h"
+#include "app/texts.h"
+#include "data/file_names.h"
+
+#include <QCoreApplication>
+#include <QLineEdit>
+
+namespace {
+
+constexpr int cash_book_tab = 2;
+constexpr int settings_tab = 3;
+
+bool Confirmed(Program& program, const QString& question)
+{
+    MessageBox box;
+    box.text = question;
+    box.title = HintTitle;
+    box.icon = BoxIcon::Question;
+    box.buttons = BoxButtons::YesNo;
+    return program.Ask(box) == BoxAnswer::Yes;
+}
+
+/// The shown account's file, and the other one's when it has bookings that are not in its file yet.
+void SaveBothLedgers(Program& program)
+{
+    CashBookState& book = program.CashBook;
+    SaveLedger(program);
+    const QString& year = program.Year.YearText;
+    if (book.BankUnsaved) {
+        RewriteLines(program.Files, BankLedgerFileName(year), book.BankLedger);
+        book.BankUnsaved = false;
+    }
+    if (book.CashBoxUnsaved) {
+        RewriteLines(program.Files, CashBoxLedgerFileName(year), book.CashBoxLedger);
+        book.CashBoxUnsaved = false;
+    }
+}
+
+void AskForBalance(Program& program)
+{
+    const bool save = Confirmed(program, AskSaveBalance);
+    program.CashBook.LedgerChanged = false;
+    if (!save)
+        return;
+    try {
+        SaveBothLedgers(program);
+    } catch (const RuntimeError&) {
+        program.CashBook.LedgerChanged = true; // the bookings are still only in memory: ask again
+        throw;
+    }
+}
+
+bool PriceTextDiffers(const Program& program)
+{
+    for (std::size_t i = 0; i < 8; ++i) {
+        if (program.SettingsTab.Text4[i]->text() != program.Settings.SavedPrices[i])
+            return true;
+    }
+    return false;
+}
+
+/// True when the question was asked; the guard ends with it then.
+bool AskForPrices(Program& program)
+{
+    const bool edited = !program.Settings.SettingsSaved && program.Settings.PricesEdited;
+    if (!edited && !PriceTextDiffers(program))
+        return false;
+    if (Confirmed(program, AskSavePrices)) {
+        SavePriceSettings(program);
+        SaveSalutation(program);
+    } else {
+        RestoreSettingsFields(program);
+    }
+    program.Settings.SettingsSaved = true;
+    return true;
+}
+
+void AskForBank(Program& program)
+{
+    for (std::size_t i = 0; i < 6; ++i) {
+        const QString typed = program.SettingsTab.Text6[i]->text();
+        if (program.Settings.SavedBank[i] == typed)
+            continue;
+        if (Confirmed(program, AskSaveBank)) {
+            SaveBankSettings(
+                program); // takes every field into the saved array once the file is written
+        } else {
+            RestoreSettingsFields(program);
+        }
+        program.Settings.SettingsSaved = true;
+        return;
+    }
+}
+
+} // namespace
+
+void TabChanged(Program& program, int new_tab)
+{
+    if (new_tab != cash_book_tab && program.CashBook.LedgerChanged)
+        AskForBalance(program);
+    if (new_tab == settings_tab)
+        return;
+    if (!AskForPrices(program))
+        AskForBank(program);
+}
+
+void AskForUnsaved(Program& program)
+{
+    if (program.CashBook.LedgerChanged || program.CashBook.BankUnsaved
+        || program.CashBook.CashBoxUnsaved)
+        AskForBalance(program);
+    AskForPrices(program);
+    AskForBank(program);
+}
+
+void Exit(Program&)
+{
+    QCoreApplication::exit(
+        0); // not quit(): that would close the window first, and closing asks questions
+}

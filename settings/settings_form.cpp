@@ -8,3 +8,4 @@ void RestoreSettingsFields(Program&) { }
 void ShowSettingsYear(Program&) { }
 void SetSettingsCalendarsToToday(Program&) { }
 void OfferContactNames(Program&) { }
+void SaveSalutation(Program&) { }

@@ -47,6 +47,9 @@ void LoadSettings(Program& program);
 void SavePriceSettings(Program& program); ///< Command5
 void SaveBankSettings(Program& program); ///< Command7
 
+/// Writes "Anrede" alone when C1 differs from the salutation in memory; the guard's Yes to the price question.
+void SaveSalutation(Program& program);
+
 /// Puts the saved texts back into the fields; "Nein" of the guard.
 void RestoreSettingsFields(Program& program);
 

@@ -1,0 +1,83 @@
+#include "app/shortcuts.h"
+
+#include "app/manual.h"
+#include "app/program.h"
+
+#include <QKeySequence>
+#include <QLineEdit>
+#include <QMainWindow>
+#include <QPushButton>
+#include <QShortcut>
+#include <QTabWidget>
+
+namespace {
+
+enum Tab { MembersTab, StatementTab, CashBookTab, SettingsTab };
+
+template <typename Routine> void Key(Program& program, const QKeySequence& keys, Routine routine)
+{
+    auto* shortcut = new QShortcut(keys, program.Window.Window);
+    On(program, shortcut, &QShortcut::activated, routine);
+}
+
+bool PricesWereEdited(const Program& program)
+{
+    return !program.Settings.SettingsSaved && program.Settings.PricesEdited;
+}
+
+bool BankWasEdited(const Program& program)
+{
+    for (std::size_t i = 0; i < program.Settings.SavedBank.size(); ++i) {
+        if (program.SettingsTab.Text6[i]->text() != program.Settings.SavedBank[i])
+            return true;
+    }
+    return false;
+}
+
+/// The settings have two buttons "Speichern"; the key presses those whose fields were changed, else
+/// that of the prices.
+void SaveSettingsInFront(Program& program)
+{
+    const bool bank = BankWasEdited(program);
+    if (PricesWereEdited(program) || !bank)
+        program.SettingsTab.Command5->click();
+    if (bank)
+        program.SettingsTab.Command7->click();
+}
+
+void SaveTabInFront(Program& program)
+{
+    switch (program.Window.SSTab1->currentIndex()) {
+    case MembersTab:
+        program.MembersTab.Command1Save->click();
+        break;
+    case CashBookTab:
+        program.CashBookTab.CommandSaveLedger->click();
+        break;
+    case SettingsTab:
+        SaveSettingsInFront(program);
+        break;
+    default: // the preview has nothing to save
+        break;
+    }
+}
+
+} // namespace
+
+void BuildShortcuts(Program& program)
+{
+    for (int tab = 0; tab < 4; ++tab) {
+        Key(program, QKeySequence(static_cast<int>(Qt::CTRL) | (Qt::Key_1 + tab)),
+            [tab](Program& p) { p.Window.SSTab1->setCurrentIndex(tab); });
+    }
+    Key(program, QKeySequence(QStringLiteral("Ctrl+S")), SaveTabInFront);
+    Key(program, QKeySequence(QStringLiteral("Ctrl+N")), [](Program& p) {
+        p.Window.SSTab1->setCurrentIndex(MembersTab);
+        p.MembersTab.Command14->click();
+    });
+    Key(program, QKeySequence(QStringLiteral("Ctrl+P")), [](Program& p) {
+        p.Window.SSTab1->setCurrentIndex(StatementTab);
+        p.Preview.Command6->click();
+    });
+    Key(program, QKeySequence(Qt::Key_F1), ShowManual);
+}
