@@ -1,5 +1,5 @@
 // Bytes of the files become text and text becomes bytes: code page 1252. The only place where that
-// happens.
+// happens. Which letter stands in for one that the code page lacks: data/best_fit.h.
 #pragma once
 
 #include <QByteArray>
@@ -13,6 +13,7 @@ QString DecodeAnsi(const QByteArray& bytes);
 /// letters are composed first; what has no likeness becomes "?".
 QByteArray EncodeAnsi(const QString& text);
 
-/// A typed or pasted text as it will be stored: line breaks and control characters a blank each,
-/// everything else as EncodeAnsi and DecodeAnsi give it back.
+/// A typed or pasted text as it will be stored: line breaks (CR LF is one) and control characters a
+/// blank each, everything else as EncodeAnsi and DecodeAnsi give it back. Applied to its own result
+/// it changes nothing.
 QString AsStored(const QString& text);

@@ -23,15 +23,26 @@ QString PathOf(const DataFiles& files, const QString& name);
 QString FileNameOf(const QString& path_or_name);
 
 /// True when a directory look-up finds a file (not a folder) of that name; the file is not opened.
+/// Throws RuntimeError (File) when the look-up itself fails: "missing" would be a guess then, and a
+/// file that is thought to be missing gets overwritten by the next year's first save.
 bool FileExists(const DataFiles& files, const QString& name);
 
 /// The whole file as bytes. Throws RuntimeError (File) with the system's reason when it cannot be
 /// read.
 QByteArray ReadBytes(const DataFiles& files, const QString& name);
 
+/// Positions in the lists are 16-bit numbers, and a text field holds as many characters: a longer
+/// file or line could be loaded but not shown and saved without loss.
+constexpr qsizetype MostLines = 32767;
+constexpr qsizetype LongestLine = 32767;
+
 /// The lines of a file: a line ends at CR LF (not part of the line), the last one may lack it; an
-/// empty file has none. A lone CR or LF belongs to its line. Throws RuntimeError (File).
+/// empty file has none. A lone CR or LF belongs to its line. Throws RuntimeError (File; Overflow
+/// beyond MostLines or LongestLine).
 QStringList ReadLines(const DataFiles& files, const QString& name);
+
+/// The first line alone, whatever follows; empty for an empty file. Throws like ReadLines.
+QString ReadFirstLine(const DataFiles& files, const QString& name);
 
 /// The bytes of a file with these lines, each ended by CR LF.
 QByteArray BytesOfLines(const QStringList& lines);
@@ -42,7 +53,8 @@ QByteArray BytesOfLines(const QStringList& lines);
 /// rewrite failed, the record finishes it at the next start.
 void RewriteFile(const DataFiles& files, const QString& name, const QByteArray& content);
 
-/// RewriteFile with BytesOfLines.
+/// RewriteFile with BytesOfLines. Throws RuntimeError Overflow, and changes nothing, for what
+/// ReadLines would refuse.
 void RewriteLines(const DataFiles& files, const QString& name, const QStringList& lines);
 
 /// At start, before anything is read: finishes complete redo records, drops incomplete ones. Throws
