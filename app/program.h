@@ -64,12 +64,10 @@ template <typename Sender, typename Signal, typename Handler>
 void On(Program& program, Sender* sender, Signal signal, Handler handler)
 {
     QObject::connect(sender, signal, sender, [&program, handler](auto&&... arguments) {
-        Guard(program.Errors, program.Ask, [&] {
-            if constexpr (std::is_invocable_v<Handler, Program&, decltype(arguments)...>)
-                handler(program, std::forward<decltype(arguments)>(arguments)...);
-            else
-                handler(program);
-        });
+        if constexpr (std::is_invocable_v<Handler, Program&, decltype(arguments)...>)
+            Guard(program.Errors, program.Ask, [&] { handler(program, arguments...); });
+        else
+            Guard(program.Errors, program.Ask, [&] { handler(program); });
     });
 }
 

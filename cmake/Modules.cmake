@@ -8,13 +8,16 @@ add_library(parzello_flags INTERFACE)
 target_compile_features(parzello_flags INTERFACE cxx_std_20)
 target_include_directories(parzello_flags INTERFACE ${PROJECT_SOURCE_DIR})
 target_compile_options(parzello_flags INTERFACE
-    -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror
-    -fstack-protector-strong -fPIC)
+    -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror -fPIC)
 target_compile_definitions(parzello_flags INTERFACE
     QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_CAST_FROM_BYTEARRAY
     QT_NO_FOREACH QT_NO_KEYWORDS
-    $<$<CONFIG:Release>:_FORTIFY_SOURCE=2>)
-target_link_options(parzello_flags INTERFACE -Wl,-z,relro,-z,now)
+    _GLIBCXX_ASSERTIONS)
+# scripts/check-hardening looks for the effect of these in the built program.
+target_compile_options(parzello_flags INTERFACE
+    -fstack-protector-strong -fstack-clash-protection
+    $<$<CONFIG:Release>:-U_FORTIFY_SOURCE> $<$<CONFIG:Release>:-D_FORTIFY_SOURCE=2>)
+target_link_options(parzello_flags INTERFACE -Wl,-z,relro,-z,now,-z,noexecstack)
 if(PARZELLO_SANITIZE)
     target_compile_options(parzello_flags INTERFACE
         -fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer)

@@ -1,0 +1,57 @@
+#!/usr/bin/env python3
+"""scripts/check-includes accepts what the rules allow and names every breach of them."""
+import subprocess
+import sys
+import tempfile
+from pathlib import Path
+
+CHECK = Path(__file__).resolve().parents[2] / "scripts" / "check-includes"
+HOUSE = {
+    "data/CMakeLists.txt": "parzello_plain_library(data SOURCES\n    lines.cpp\n)\n",
+    "data/lines.h": "#include <QString>\n#include <vector>\n",
+    "data/lines.cpp": '#include "data/lines.h"\n#include <unistd.h>\n',
+    "members/CMakeLists.txt": "parzello_plain_library(members SOURCES lists.cpp KNOWS data)\n",
+    "members/lists.h": '#include "data/lines.h"\n',
+    "members/lists.cpp": '#include "members/lists.h"\n',
+    "members/member_form.h": "class QWidget;\n",
+    "members/member_form.cpp": '#include "app/program.h"\n#include <QLabel>\n',
+    "controls/fields.h": '#include "data/lines.h"\n#include <QLineEdit>\n',
+    "controls/fields.cpp": '#include "controls/fields.h"\n',
+    "app/program.h": '#include "members/member_form.h"\n',
+}
+
+
+def run(changes):
+    with tempfile.TemporaryDirectory() as folder:
+        for name, text in {**HOUSE, **changes}.items():
+            path = Path(folder) / name
+            path.parent.mkdir(exist_ok=True)
+            path.write_text(text)
+        done = subprocess.run([CHECK, folder], capture_output=True, text=True)
+        return done.returncode, done.stderr
+
+
+def must_fail(changes, words):
+    code, said = run(changes)
+    if code == 0 or words not in said:
+        sys.exit(f"expected a complaint with {words!r}, got {code}: {said!r}")
+
+
+code, said = run({})
+if code != 0:
+    sys.exit(f"a house in order was rejected: {said}")
+must_fail({"data/lines.h": "#include <QLabel>\n"}, "data/lines.h:1: a plain file may not know <QLabel>")
+must_fail({"data/lines.h": "#include <QtWidgets/QLabel>\n"}, "<QtWidgets/QLabel>")
+must_fail({"data/lines.cpp": '#include "members/lists.h"\n'}, "data/ may not know members/")
+must_fail({"members/lists.cpp": '\n#include "app/program.h"\n'}, "members/lists.cpp:2: only forms and app/")
+must_fail({"members/lists.h": '#include "members/member_form.h"\n'}, "only forms and app/")
+must_fail({"controls/fields.cpp": '#include "members/lists.h"\n'}, "controls/ may not know members/")
+must_fail({"app/program.h": '#include "lists.h"\n'}, "is no path from the root")
+must_fail(
+    {
+        "members/painter.h": "#include <QPainter>\n",
+        "members/painter.cpp": "",
+        "members/lists.cpp": '#include "members/painter.h"\n',
+    },
+    "a plain file may not know members/painter.h",
+)
