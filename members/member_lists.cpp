@@ -1,7 +1,96 @@
 #include "members/member_lists.h"
 
-void ReadMembersFile(MemberLists&, const DataFiles&, const QString&) { }
-void ReadPreviousYear(MemberLists&, const DataFiles&, const QString&) { }
-QStringList RollReadingsForward(const QStringList& records, const QString&) { return records; }
-void WriteMembersFile(const MemberLists&, const DataFiles&, const QString&) { }
-QString MeterDifference(const QString&, const QString&, const Place&, const Place&) { return {}; }
+#include "data/dates.h"
+#include "data/file_names.h"
+#include "data/german_numbers.h"
+
+namespace {
+
+QString RolledForward(const QString& line, const Place& where)
+{
+    QStringList fields = SplitRecord(line);
+    RequireWholeRecord(fields, where);
+    fields = fields.mid(0, MemberFieldCount); // what stands behind the last field is not carried on
+    fields[ElectricityStart] = fields[ElectricityEnd];
+    fields[ElectricityEnd].clear();
+    fields[WaterStart] = fields[WaterEnd];
+    fields[WaterEnd].clear();
+    return JoinRecord(fields);
+}
+
+} // namespace
+
+void ReadMembersFile(MemberLists& lists, const DataFiles& files, const QString& year_text)
+{
+    const QStringList lines = ReadLines(files, MembersFileName(year_text));
+    MemberLists fresh;
+    for (const QString& line : lines) {
+        const QStringList fields = SplitRecord(line);
+        const QString name = NameEntry(fields);
+        fresh.RecordList += line;
+        fresh.NameList += name;
+        fresh.CashBookNameList += name;
+        fresh.InstalmentList += FieldOrEmpty(fields, Instalments);
+    }
+    fresh.StoredList = fresh.RecordList;
+    fresh.PreviousYearList = lists.PreviousYearList;
+    fresh.PreviousYearMissing = lists.PreviousYearMissing;
+    fresh.PreviousYearRead = lists.PreviousYearRead;
+    lists = fresh;
+}
+
+void ReadPreviousYear(MemberLists& lists, const DataFiles& files, const QString& year_text)
+{
+    const QString name = MembersFileName(PreviousYear(year_text));
+    const bool is_there = FileExists(files, name);
+    lists.PreviousYearList = is_there ? ReadLines(files, name) : QStringList();
+    lists.PreviousYearMissing = !is_there;
+    lists.PreviousYearRead = is_there;
+}
+
+QStringList RollReadingsForward(const QStringList& records, const QString& file_name)
+{
+    QStringList rolled;
+    for (qsizetype k = 0; k < records.size(); ++k) {
+        Place where;
+        where.file = file_name;
+        where.line = static_cast<int>(k) + 1;
+        where.remedy
+            = QStringLiteral("Bitte mit dem linken Pfeil das Vorjahr wählen, „Laden“ drücken, das "
+                             "Mitglied anklicken, seine Angaben prüfen und „Speichern“ drücken. "
+                             "Danach das Programm neu starten.");
+        rolled += RolledForward(records[k], where);
+    }
+    return rolled;
+}
+
+void RequireWholeRecord(const QStringList& fields, const Place& where)
+{
+    const qsizetype count = fields.size();
+    if (count >= MemberFieldCount)
+        return;
+    Place missing = where;
+    missing.member = NameEntry(fields);
+    missing.field = MemberFieldCaption(static_cast<int>(count));
+    missing.remedy = QStringLiteral("Die Zeile hat nur %1 von %2 Feldern, dieses ist das erste, "
+                                    "das fehlt. ")
+                         .arg(count)
+                         .arg(static_cast<int>(MemberFieldCount))
+        + where.remedy;
+    throw RuntimeError { ErrorKind::SubscriptOutOfRange, missing, {} };
+}
+
+void WriteMembersFile(const MemberLists& lists, const DataFiles& files, const QString& year_text)
+{
+    RewriteLines(files, MembersFileName(year_text), lists.RecordList);
+}
+
+QString MeterDifference(
+    const QString& start, const QString& end, const Place& start_place, const Place& end_place)
+{
+    if (end.isEmpty() || start.isEmpty())
+        return {};
+    const double end_number = NumberOf(end, end_place);
+    const double start_number = NumberOf(start, start_place);
+    return TextOfDouble(end_number - start_number);
+}

@@ -12,6 +12,8 @@
 /// The parallel lists of a loaded year; position k of each describes line k of the members file.
 struct MemberLists {
     QStringList RecordList; ///< List2: the lines as they stand in the file; the master copy
+    QStringList StoredList; ///< the record list as it was last read from the file; the form shows
+                            ///< where it differs
     QStringList NameList; ///< List1: surname, comma, first name
     QStringList CashBookNameList; ///< List4: the same, for the cash book
     QStringList InstalmentList; ///< List6: field 7
@@ -30,19 +32,23 @@ struct MemberState {
     QString WaterDifference; ///< text of Text1(5)
 };
 
-/// Reads a members file into the four member lists, which are emptied first (PreviousYearList
-/// stays). Throws RuntimeError (File; Overflow beyond 32,767 members) and leaves the lists as they
-/// were then.
+/// Reads a members file into the member lists, which are emptied first (PreviousYearList stays).
+/// Lines with missing fields are taken as they are. Throws RuntimeError (File; Overflow beyond
+/// 32,767 members) and leaves the lists as they were then.
 void ReadMembersFile(MemberLists& lists, const DataFiles& files, const QString& year_text);
 
 /// Reads the previous year's lines, or empties them and sets PreviousYearMissing when there is no
-/// such file.
+/// such file. Throws RuntimeError (File, Overflow) and leaves the lists as they were then.
 void ReadPreviousYear(MemberLists& lists, const DataFiles& files, const QString& year_text);
 
 /// Last year's end readings become the start readings, end readings become empty; everything else
 /// is carried over. Throws RuntimeError SubscriptOutOfRange for a record with fewer than 16 fields,
 /// naming file_name, line and member.
 QStringList RollReadingsForward(const QStringList& records, const QString& file_name);
+
+/// Throws RuntimeError SubscriptOutOfRange when the record has fewer than 16 fields: the place with
+/// the member, the first missing field and how many there are; its remedy follows.
+void RequireWholeRecord(const QStringList& fields, const Place& where);
 
 /// Writes the record list as members file of that year (whole rewrite).
 void WriteMembersFile(const MemberLists& lists, const DataFiles& files, const QString& year_text);
