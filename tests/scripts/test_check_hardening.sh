@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # scripts/check-hardening accepts a hardened program and names what another one lacks.
 set -euo pipefail
-check=$(cd "$(dirname "$0")/../../scripts" && pwd)/check-hardening
+root=$(cd "$(dirname "$0")/../.." && pwd)
+check=$root/scripts/check-hardening
 folder=$(mktemp -d)
 trap 'rm -rf "$folder"' EXIT
 cd "$folder"
@@ -16,7 +17,7 @@ int main(int count, char** texts)
 }
 END
 
-build() { cc program.c -w -o program "$@"; }
+build() { c++ -x c++ program.c "$root/app/fortify_mark.cpp" -w -o program "$@"; }
 hardened=(-O2 -fPIE -pie -fstack-protector-strong -U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2
     -Wl,-z,relro,-z,now,-z,noexecstack)
 
