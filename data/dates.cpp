@@ -1,8 +1,71 @@
 #include "data/dates.h"
 
-QString ShortDate(const QDate& date) { return date.toString(QStringLiteral("dd.MM.yyyy")); }
-std::optional<QDate> ParseDate(const QString&) { return std::nullopt; }
-QString FormatDateText(const QString& text) { return text; }
-bool IsWellFormedDate(const QString&) { return true; }
-QString PreviousYear(const QString& year_text) { return QString::number(year_text.toInt() - 1); }
-QString NextYear(const QString& year_text) { return QString::number(year_text.toInt() + 1); }
+#include "data/german_numbers.h"
+
+#include <QStringList>
+
+#include <algorithm>
+
+namespace {
+
+// One part of a date: so many ASCII digits at most, else -1.
+int NumberOfPart(const QString& part, int longest)
+{
+    const auto is_digit = [](QChar sign) { return sign >= u'0' && sign <= u'9'; };
+    if (part.isEmpty() || part.size() > longest)
+        return -1;
+    return std::all_of(part.begin(), part.end(), is_digit) ? part.toInt() : -1;
+}
+
+int FullYear(int year)
+{
+    if (year < 0 || year > 99)
+        return year;
+    return year < 50 ? 2000 + year : 1900 + year;
+}
+
+QString YearBeside(const QString& year_text, int step)
+{
+    Place where;
+    where.field = QStringLiteral("Jahr");
+    where.content = year_text;
+    where.remedy = QStringLiteral("Bitte das Jahr mit vier Ziffern eintragen, zum Beispiel 2017.");
+    return TextOfDouble(NumberOf(year_text, where) + step);
+}
+
+} // namespace
+
+QString ShortDate(const QDate& date) { return date.toString(u"dd.MM.yyyy"); }
+
+std::optional<QDate> ParseDate(const QString& text)
+{
+    constexpr qsizetype longest_date = 10;
+    if (text.size() > longest_date)
+        return std::nullopt;
+    const QStringList parts = text.split(u'.');
+    if (parts.size() != 3)
+        return std::nullopt;
+    const int day = NumberOfPart(parts[0], 2);
+    const int month = NumberOfPart(parts[1], 2);
+    const int year = FullYear(NumberOfPart(parts[2], 4));
+    const QDate date(year, month, day);
+    if (year < 0 || !date.isValid())
+        return std::nullopt;
+    return date;
+}
+
+QString FormatDateText(const QString& text)
+{
+    const std::optional<QDate> date = ParseDate(text);
+    return date ? ShortDate(*date) : text;
+}
+
+bool IsWellFormedDate(const QString& text)
+{
+    const std::optional<QDate> date = ParseDate(text);
+    return date && ShortDate(*date) == text;
+}
+
+QString PreviousYear(const QString& year_text) { return YearBeside(year_text, -1); }
+
+QString NextYear(const QString& year_text) { return YearBeside(year_text, 1); }

@@ -50,3 +50,18 @@ QString TextCell(const QString& cell)
 }
 
 QByteArray ByteCell(const QString& cell) { return TextCell(cell).toLatin1(); }
+
+QStringList AcceptedCells(const TableRow& row, const QString& column)
+{
+    const QString recorded = row[column];
+    const QString mark = row[QStringLiteral("mark")];
+    QString believed = row[QStringLiteral("believed")];
+    const bool has_believed = !believed.isEmpty();
+    if (believed == QStringLiteral("(empty)"))
+        believed.clear();
+    if (mark == QStringLiteral("differs"))
+        return { believed };
+    if (mark == QStringLiteral("suspect") && has_believed)
+        return { believed, recorded };
+    return { recorded };
+}

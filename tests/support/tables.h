@@ -4,6 +4,7 @@
 #include <QByteArray>
 #include <QHash>
 #include <QString>
+#include <QStringList>
 #include <QVector>
 
 /// One row: column name to cell, cells as they stand in the file (still escaped).
@@ -17,3 +18,7 @@ QString TextCell(const QString& cell);
 
 /// A byte cell: "\xHH" and the short escapes become bytes, everything else is Latin-1.
 QByteArray ByteCell(const QString& cell);
+
+/// The answers that a row of recorded answers takes as right in that column, the best one first,
+/// still escaped: tests/fixtures/facts/README.md, "How a row is judged".
+QStringList AcceptedCells(const TableRow& row, const QString& column);
