@@ -15,6 +15,7 @@ int main(int argument_count, char** arguments)
 
     Program program;
     program.Files.DataDirectory = QCoreApplication::applicationDirPath();
+    program.Files.StateDirectory = StateDirectoryFor(program.Files.DataDirectory);
     BuildMainWindow(program);
     StartUp(program);
     program.Window.Window->show();

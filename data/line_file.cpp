@@ -1,18 +1,16 @@
 #include "data/line_file.h"
 
 #include "data/ansi_text.h"
+#include "data/redo_record.h"
 #include "data/system_files.h"
 
 #include <QLocale>
 
+#include <optional>
+
 namespace {
 
 const QByteArray line_end = QByteArrayLiteral("\r\n");
-
-bool IsSeparator(QChar character)
-{
-    return character == QLatin1Char('\\') || character == QLatin1Char('/');
-}
 
 qsizetype EndOfLine(const QByteArray& content, qsizetype begin)
 {
@@ -47,45 +45,35 @@ void CheckLine(const QString& file, qsizetype line, qsizetype length)
     }
 }
 
-RuntimeError FileError(const QString& name, int error, const QString& remedy)
+/// The content that a rewrite under way has noted for this file, if there is one.
+std::optional<RedoRecord> Noted(const DataFiles& files, const QString& name)
 {
-    Place where;
-    where.file = FileNameOf(name);
-    where.remedy = remedy;
-    return { ErrorKind::File, where, ReasonOf(error) };
+    std::optional<RedoRecord> record;
+    const int error = FindRewrite(files.StateDirectory, NameWithin(name), record);
+    if (error != 0)
+        throw FileError(files, name, error, FileDeed::Read);
+    return record;
 }
 
 } // namespace
-
-QString PathOf(const DataFiles& files, const QString& name)
-{
-    const bool begins_with_separator = !name.isEmpty() && IsSeparator(name[0]);
-    return files.DataDirectory + QLatin1Char('/') + (begins_with_separator ? name.mid(1) : name);
-}
-
-QString FileNameOf(const QString& path_or_name)
-{
-    qsizetype begin = path_or_name.size();
-    while (begin > 0 && !IsSeparator(path_or_name[begin - 1]))
-        --begin;
-    return path_or_name.mid(begin);
-}
 
 bool FileExists(const DataFiles& files, const QString& name)
 {
     bool is_folder = false;
     const int error = LookUp(PathOf(files, name), is_folder);
     if (error != 0 && !MeansMissing(error))
-        throw FileError(name, error, {});
-    return error == 0 && !is_folder;
+        throw FileError(files, name, error, FileDeed::Read);
+    return (error == 0 && !is_folder) || Noted(files, name).has_value();
 }
 
 QByteArray ReadBytes(const DataFiles& files, const QString& name)
 {
+    if (const std::optional<RedoRecord> record = Noted(files, name))
+        return record->content;
     QByteArray content;
     const int error = ReadFileBytes(PathOf(files, name), content);
     if (error != 0)
-        throw FileError(name, error, {});
+        throw FileError(files, name, error, FileDeed::Read);
     return content;
 }
 
@@ -118,19 +106,9 @@ QByteArray BytesOfLines(const QStringList& lines)
     return content;
 }
 
-void RewriteFile(const DataFiles& files, const QString& name, const QByteArray& content)
-{
-    Overwritten done = Overwritten::Nothing;
-    const int error = OverwriteFile(PathOf(files, name), content, done);
-    if (error != 0)
-        throw FileError(name, error, {});
-}
-
 void RewriteLines(const DataFiles& files, const QString& name, const QStringList& lines)
 {
     for (qsizetype i = 0; i < lines.size(); ++i)
         CheckLine(FileNameOf(name), i + 1, lines[i].size());
     RewriteFile(files, name, BytesOfLines(lines));
 }
-
-void FinishRewrites(const DataFiles&) { }

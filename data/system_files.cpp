@@ -6,6 +6,7 @@
 
 #include <dirent.h>
 #include <fcntl.h>
+#include <pwd.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -281,21 +282,30 @@ int MakePrivateFolder(const QString& path)
     return SyncFolder(above);
 }
 
-int ListFolder(const QString& path, const QString& ending, QStringList& names)
+int ListFolder(const QString& path, QStringList& names)
 {
     names.clear();
+    if (path.isEmpty())
+        return 0;
     DIR* folder = ::opendir(QFile::encodeName(path).constData());
     if (folder == nullptr)
         return errno == ENOENT ? 0 : errno;
     errno = 0;
     while (const dirent* entry = ::readdir(folder)) {
-        const QString name = QFile::decodeName(entry->d_name);
-        if (name.endsWith(ending))
-            names += name;
+        names += QFile::decodeName(entry->d_name);
         errno = 0;
     }
     const int read_error = errno;
     const int close_error = ::closedir(folder) == 0 ? 0 : errno;
     names.sort();
     return read_error != 0 ? read_error : close_error;
+}
+
+QString HomeFolder()
+{
+    const QString home = qEnvironmentVariable("HOME");
+    if (home.startsWith(QLatin1Char('/')))
+        return home;
+    const passwd* user = ::getpwuid(::geteuid());
+    return user == nullptr ? QString() : QFile::decodeName(user->pw_dir);
 }

@@ -12,7 +12,9 @@ constexpr int FileTooLarge = -2; ///< more than LargestFile bytes
 constexpr int WrittenOtherwise = -3; ///< what is read back is not what was written
 constexpr int NotAFileName = -4; ///< empty, with a separator or with a null character
 
-constexpr qint64 LargestFile = 256LL * 1024 * 1024; ///< bytes; beyond it is no file of this program
+/// Bytes; no file of this program comes near it.
+constexpr qint64 LargestFile = 256LL * 1024 * 1024;
+constexpr qint64 LargestContent = LargestFile - 4096; ///< its redo record is a little larger
 
 /// German wording of such an error number.
 QString ReasonOf(int error);
@@ -48,5 +50,8 @@ int RemoveFile(const QString& path);
 /// Creates a folder that only this user may enter, and the missing ones above it.
 int MakePrivateFolder(const QString& path);
 
-/// Names of the entries of a folder that end like that, sorted; none when the folder is missing.
-int ListFolder(const QString& path, const QString& ending, QStringList& names);
+/// Names of the entries of a folder, sorted; none when the folder is missing.
+int ListFolder(const QString& path, QStringList& names);
+
+/// The home folder of this user; empty when there is none.
+QString HomeFolder();

@@ -1,34 +1,29 @@
 // Files as lines: names, look-up, reading, the bytes of lines, whole rewrites.
 #include "data/line_file.h"
+#include "data/system_files.h"
+#include "tests/support/data_folders.h"
 
-#include <QFile>
-#include <QTemporaryDir>
+#include <QDir>
 #include <QtTest>
+
+#include <sys/stat.h>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-/// A data directory and a state directory of their own.
-struct Folders {
-    QTemporaryDir root;
-    DataFiles files { root.filePath(u"data"_s), root.filePath(u"state"_s) };
-
-    Folders() { QDir().mkpath(files.DataDirectory); }
-
-    void Put(const QString& name, const QByteArray& content) const
-    {
-        QFile file(files.DataDirectory + u'/' + name);
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        QCOMPARE(file.write(content), content.size());
+/// The error that an action throws; "no error" as reason when it throws none.
+template <typename Action> RuntimeError ErrorOf(Action action)
+{
+    try {
+        action();
+    } catch (const RuntimeError& error) {
+        return error;
     }
+    return { ErrorKind::File, {}, u"no error"_s };
+}
 
-    QByteArray Get(const QString& name) const
-    {
-        QFile file(files.DataDirectory + u'/' + name);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(none)");
-    }
-};
+const QString members = u"\\Mitgliedsdaten2016.pz"_s;
 
 } // namespace
 
@@ -48,7 +43,7 @@ private Q_SLOTS:
 
     void a_folder_is_no_file()
     {
-        const Folders folders;
+        const DataFolders folders;
         QVERIFY(!FileExists(folders.files, u"\\V.dat"_s));
         QVERIFY(QDir().mkpath(folders.files.DataDirectory + u"/V.dat"_s));
         QVERIFY(!FileExists(folders.files, u"\\V.dat"_s));
@@ -91,12 +86,127 @@ private Q_SLOTS:
         QFETCH(QByteArray, content);
         QFETCH(QStringList, lines);
         QFETCH(QByteArray, saved);
-        const Folders folders;
+        const DataFolders folders;
         folders.Put(u"Konto2016.pz"_s, content);
         QCOMPARE(ReadLines(folders.files, u"\\Konto2016.pz"_s), lines);
         QCOMPARE(ReadFirstLine(folders.files, u"\\Konto2016.pz"_s), lines.value(0));
         RewriteLines(folders.files, u"\\Konto2016.pz"_s, lines);
         QCOMPARE(folders.Get(u"Konto2016.pz"_s), saved);
+    }
+
+    void a_missing_file_is_reported_with_its_folder()
+    {
+        const DataFolders folders;
+        const RuntimeError error = ErrorOf([&] { ReadLines(folders.files, members); });
+        QCOMPARE(error.kind, ErrorKind::File);
+        QCOMPARE(error.reason, u"Datei oder Verzeichnis nicht gefunden"_s);
+        QCOMPARE(error.where.file, u"Mitgliedsdaten2016.pz"_s);
+        QVERIFY(error.where.remedy.contains(folders.files.DataDirectory));
+    }
+
+    void a_folder_in_place_of_the_file_is_reported()
+    {
+        const DataFolders folders;
+        QVERIFY(QDir().mkpath(folders.Path(u"Mitgliedsdaten2016.pz"_s)));
+        const RuntimeError error = ErrorOf([&] { ReadBytes(folders.files, members); });
+        QCOMPARE(error.reason, u"Ist ein Verzeichnis"_s);
+        QVERIFY(error.where.remedy.contains(u"umbenennen"_s));
+    }
+
+    void a_pipe_in_place_of_the_file_is_reported_and_not_waited_for()
+    {
+        const DataFolders folders;
+        const QByteArray path = folders.Path(u"Mitgliedsdaten2016.pz"_s).toUtf8();
+        QCOMPARE(::mkfifo(path.constData(), 0600), 0);
+        const RuntimeError error = ErrorOf([&] { ReadBytes(folders.files, members); });
+        QCOMPARE(error.reason, u"Ist keine gewöhnliche Datei"_s);
+    }
+
+    void a_name_with_a_null_character_is_no_file()
+    {
+        const DataFolders folders;
+        folders.Put(u"V.dat"_s, "x");
+        const QString name = u"\\V.dat"_s + QChar(0) + u"y"_s;
+        QVERIFY(!FileExists(folders.files, name));
+        QCOMPARE(ErrorOf([&] { ReadBytes(folders.files, name); }).reason,
+            u"Das ist kein gültiger Dateiname"_s);
+    }
+
+    void a_look_up_that_fails_is_not_taken_for_missing()
+    {
+        const DataFolders folders;
+        QVERIFY(QFile::link(folders.Path(u"b"_s), folders.Path(u"a"_s)));
+        QVERIFY(QFile::link(folders.Path(u"a"_s), folders.Path(u"b"_s)));
+        QCOMPARE(ErrorOf([&] { FileExists(folders.files, u"\\a"_s); }).reason,
+            u"Zu viele Ebenen aus symbolischen Verknüpfungen"_s);
+    }
+
+    void as_many_lines_as_a_position_can_count_are_read()
+    {
+        const DataFolders folders;
+        folders.Put(u"Mitgliedsdaten2016.pz"_s, QByteArray("\r\n").repeated(MostLines));
+        QCOMPARE(ReadLines(folders.files, members).size(), MostLines);
+    }
+
+    void one_line_more_overflows()
+    {
+        const DataFolders folders;
+        folders.Put(u"Mitgliedsdaten2016.pz"_s, QByteArray("\r\n").repeated(MostLines) + "x");
+        const RuntimeError error = ErrorOf([&] { ReadLines(folders.files, members); });
+        QCOMPARE(error.kind, ErrorKind::Overflow);
+        QCOMPARE(error.where.file, u"Mitgliedsdaten2016.pz"_s);
+        QCOMPARE(error.where.line, 32768);
+        QVERIFY(error.where.remedy.contains(u"32.767"_s));
+    }
+
+    void as_long_a_line_as_a_field_can_hold_is_read()
+    {
+        const DataFolders folders;
+        folders.Put(u"Mitgliedsdaten2016.pz"_s, QByteArray(LongestLine, 'x'));
+        QCOMPARE(ReadLines(folders.files, members).value(0).size(), LongestLine);
+        QCOMPARE(ReadFirstLine(folders.files, members).size(), LongestLine);
+    }
+
+    void a_longer_line_overflows()
+    {
+        const DataFolders folders;
+        folders.Put(u"Mitgliedsdaten2016.pz"_s, "a\r\n" + QByteArray(LongestLine + 1, ';'));
+        const RuntimeError error = ErrorOf([&] { ReadLines(folders.files, members); });
+        QCOMPARE(error.kind, ErrorKind::Overflow);
+        QCOMPARE(error.where.line, 2);
+        QCOMPARE(ReadFirstLine(folders.files, members), u"a"_s);
+        folders.Put(u"V.dat"_s, QByteArray(LongestLine + 1, 'x'));
+        QCOMPARE(
+            ErrorOf([&] { ReadFirstLine(folders.files, u"\\V.dat"_s); }).kind, ErrorKind::Overflow);
+    }
+
+    void more_than_any_club_has_is_not_read()
+    {
+        const DataFolders folders;
+        folders.Put(u"Mitgliedsdaten2016.pz"_s, {});
+        QVERIFY(QFile::resize(folders.Path(u"Mitgliedsdaten2016.pz"_s), LargestFile + 1));
+        QCOMPARE(
+            ErrorOf([&] { ReadBytes(folders.files, members); }).reason, u"Die Datei ist zu groß"_s);
+    }
+
+    void what_could_not_be_read_back_is_not_written_data()
+    {
+        QTest::addColumn<QStringList>("lines");
+        QTest::addColumn<int>("line");
+        QTest::newRow("too many") << QStringList(MostLines + 1, u"x"_s) << 32768;
+        QTest::newRow("too long") << QStringList { u"a"_s, QString(LongestLine + 1, u'x') } << 2;
+    }
+
+    void what_could_not_be_read_back_is_not_written()
+    {
+        QFETCH(QStringList, lines);
+        QFETCH(int, line);
+        const DataFolders folders;
+        folders.Put(u"Mitgliedsdaten2016.pz"_s, "old\r\n");
+        const RuntimeError error = ErrorOf([&] { RewriteLines(folders.files, members, lines); });
+        QCOMPARE(error.kind, ErrorKind::Overflow);
+        QCOMPARE(error.where.line, line);
+        QCOMPARE(folders.Get(u"Mitgliedsdaten2016.pz"_s), QByteArray("old\r\n"));
     }
 };
 

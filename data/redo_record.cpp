@@ -1,0 +1,136 @@
+#include "data/redo_record.h"
+
+#include "data/system_files.h"
+
+#include <QCryptographicHash>
+#include <QDataStream>
+#include <QIODevice>
+
+#include <cerrno>
+
+namespace {
+
+const QByteArray magic = QByteArrayLiteral("Parzello Vormerkung 1\n");
+constexpr qsizetype hash_length = 32;
+constexpr int key_length = 32;
+const QString record_ending = QStringLiteral(".vormerkung");
+const QString unfinished_ending = QStringLiteral(".entwurf");
+
+QByteArray HashOf(const QByteArray& bytes)
+{
+    return QCryptographicHash::hash(bytes, QCryptographicHash::Sha256);
+}
+
+// The name of a data file may be as long as a name can be, and hold any character.
+QString BaseOf(const QString& state_directory, const QString& target)
+{
+    return state_directory + QLatin1Char('/')
+        + QString::fromLatin1(HashOf(target.toUtf8()).toHex().left(key_length));
+}
+
+int ReadRecord(const QString& path, std::optional<RedoRecord>& record)
+{
+    record.reset();
+    QByteArray bytes;
+    const int error = ReadFileBytes(path, bytes);
+    if (error == 0)
+        record = DecodeRedoRecord(bytes);
+    return error;
+}
+
+} // namespace
+
+QByteArray EncodeRedoRecord(const RedoRecord& record)
+{
+    QByteArray body;
+    QDataStream stream(&body, QIODevice::WriteOnly);
+    stream.setVersion(QDataStream::Qt_6_4);
+    stream << record.target.toUtf8() << record.content;
+    return magic + HashOf(body) + body;
+}
+
+std::optional<RedoRecord> DecodeRedoRecord(const QByteArray& bytes)
+{
+    if (!bytes.startsWith(magic) || bytes.size() < magic.size() + hash_length)
+        return std::nullopt;
+    const QByteArray body = bytes.mid(magic.size() + hash_length);
+    if (HashOf(body) != bytes.mid(magic.size(), hash_length))
+        return std::nullopt;
+    QDataStream stream(body);
+    stream.setVersion(QDataStream::Qt_6_4);
+    QByteArray target;
+    RedoRecord record;
+    stream >> target >> record.content;
+    record.target = QString::fromUtf8(target);
+    if (stream.status() != QDataStream::Ok || !stream.atEnd() || !IsTargetName(record.target))
+        return std::nullopt;
+    return record;
+}
+
+bool IsTargetName(const QString& target)
+{
+    return !target.isEmpty() && target != QStringLiteral(".") && target != QStringLiteral("..")
+        && !target.contains(QLatin1Char('/')) && !target.contains(QLatin1Char('\\'))
+        && !target.contains(QChar(0));
+}
+
+// Written beside and then put in its place: the older record may be all there is of the file.
+int NoteRewrite(const QString& state_directory, const RedoRecord& record)
+{
+    if (state_directory.isEmpty())
+        return ENOENT;
+    const QString base = BaseOf(state_directory, record.target);
+    int error = MakePrivateFolder(state_directory);
+    if (error == 0)
+        error = WritePrivateFile(base + unfinished_ending, EncodeRedoRecord(record));
+    if (error == 0)
+        error = ReplaceFile(base + unfinished_ending, base + record_ending);
+    if (error != 0)
+        RemoveFile(base + unfinished_ending); // if that fails too, the next start drops it
+    return error;
+}
+
+// Emptied first: that alone makes the record void, whatever becomes of its name.
+int ForgetRewrite(const QString& state_directory, const QString& target)
+{
+    const QString path = BaseOf(state_directory, target) + record_ending;
+    bool is_folder = false;
+    if (MeansMissing(LookUp(path, is_folder)))
+        return 0;
+    const int emptied = WritePrivateFile(path, {});
+    const int removed = RemoveFile(path);
+    return emptied == 0 ? 0 : removed;
+}
+
+int FindRewrite(
+    const QString& state_directory, const QString& target, std::optional<RedoRecord>& record)
+{
+    record.reset();
+    if (state_directory.isEmpty())
+        return 0;
+    const int error = ReadRecord(BaseOf(state_directory, target) + record_ending, record);
+    return error == EACCES || MeansMissing(error) ? 0 : error;
+}
+
+int FindRewrites(const QString& state_directory, QList<RedoRecord>& records)
+{
+    records.clear();
+    QStringList names;
+    int error = ListFolder(state_directory, names);
+    for (const QString& name : names) {
+        const QString path = state_directory + QLatin1Char('/') + name;
+        if (name.endsWith(unfinished_ending))
+            RemoveFile(path); // never read: if it stays, it does no harm
+        if (!name.endsWith(record_ending))
+            continue;
+        std::optional<RedoRecord> record;
+        const int read_error = ReadRecord(path, record);
+        if (read_error != 0)
+            error = read_error;
+        else if (record)
+            records += *record;
+        else
+            RemoveFile(path); // void: does no harm either
+    }
+    return error;
+}

@@ -1,0 +1,40 @@
+// The note of a rewrite that is under way: which file gets which content. One note per file, in
+// the state directory. As long as a complete one lies there, it is the file's content: the file
+// itself may be half written. Why: docs/architecture.md, "Nothing confirmed is lost".
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+#include <QStringList>
+
+#include <optional>
+
+struct RedoRecord {
+    QString target; ///< name of a file in the data directory, without any separator
+    QByteArray content; ///< the whole new content of the file
+};
+
+/// Magic line, SHA-256 of everything that follows, target and content with their lengths.
+QByteArray EncodeRedoRecord(const RedoRecord& record);
+
+/// Nothing when a byte is missing, changed or left over, or when the target is no plain file name.
+std::optional<RedoRecord> DecodeRedoRecord(const QByteArray& bytes);
+
+/// True for a name that can only lead into the data directory: not empty, not "." or "..", without
+/// separators and null characters.
+bool IsTargetName(const QString& target);
+
+/// Writes the record and waits until it has reached the disk; it takes the place of an older one
+/// for the same file in one step. Returns 0 or an error number (data/system_files.h).
+int NoteRewrite(const QString& state_directory, const RedoRecord& record);
+
+/// Removes the record of this file for good, if there is one. Returns 0 or an error number.
+int ForgetRewrite(const QString& state_directory, const QString& target);
+
+/// Looks up the complete record of this file. Nothing as well when the state directory may not be
+/// entered: nothing can be noted there either. Returns 0 or an error number.
+int FindRewrite(
+    const QString& state_directory, const QString& target, std::optional<RedoRecord>& record);
+
+/// All complete records; incomplete ones are removed. Returns 0 or an error number.
+int FindRewrites(const QString& state_directory, QList<RedoRecord>& records);

@@ -1,0 +1,167 @@
+#include "data/rewrite_file.h"
+
+#include "data/redo_record.h"
+#include "data/system_files.h"
+
+#include <cerrno>
+#include <optional>
+
+namespace {
+
+/// What is to come back when the rewrite fails.
+struct OldContent {
+    bool known = false; ///< false: it could not be read, so it cannot come back
+    bool missing = false; ///< there was no file
+    bool noted = false; ///< it stands in the record of an earlier, unfinished rewrite
+    QByteArray content;
+};
+
+int ReadOldContent(const DataFiles& files, const QString& target, OldContent& old)
+{
+    std::optional<RedoRecord> record;
+    if (const int error = FindRewrite(files.StateDirectory, target, record); error != 0)
+        return error; // what the file holds stands in there, and it must not be lost
+    old.noted = record.has_value();
+    if (record)
+        old.content = record->content;
+    const int error = record ? 0 : ReadFileBytes(PathOf(files, target), old.content);
+    old.missing = error == ENOENT;
+    old.known = error == 0 || old.missing;
+    return 0;
+}
+
+int PutBack(const DataFiles& files, const QString& target, const OldContent& old, Overwritten done)
+{
+    if (!old.known)
+        return EIO;
+    if (old.missing)
+        return done == Overwritten::Created ? RemoveFile(PathOf(files, target)) : EIO;
+    return OverwriteFile(PathOf(files, target), old.content, done);
+}
+
+const QString not_saved = QStringLiteral("Es wurde nicht gespeichert.");
+
+const QString kept_for_next_start
+    = QStringLiteral("Die Datei ließ sich nicht vollständig schreiben. Der neue Stand ist aber "
+                     "vorgemerkt und wird beim nächsten Start des Programms eingetragen.");
+
+/// The remedy is about the folder of the records, not about the file's own.
+RuntimeError RecordError(
+    const DataFiles& files, const QString& target, int error, const QString& before)
+{
+    const DataFiles record_files { files.StateDirectory, files.StateDirectory };
+    return FileError(record_files, target, error, FileDeed::Write, before);
+}
+
+/// The record could not be written; what there is of it goes, except that it may already have taken
+/// the place of an earlier one that must not go.
+RuntimeError NotNoted(
+    const DataFiles& files, const QString& target, const OldContent& old, int error)
+{
+    if (files.StateDirectory.isEmpty()) {
+        return RecordError(files, target, error,
+            QStringLiteral("Die Datei ist unverändert: Vor jedem Speichern wird der neue Stand im "
+                           "persönlichen Ordner des Benutzers vorgemerkt, und der ist nicht "
+                           "bekannt (HOME ist nicht gesetzt)."));
+    }
+    if (!old.noted)
+        ForgetRewrite(files.StateDirectory, target);
+    std::optional<RedoRecord> record;
+    const int find_error = FindRewrite(files.StateDirectory, target, record);
+    if (!old.noted && (record || find_error != 0))
+        return RecordError(files, target, error, kept_for_next_start);
+    return RecordError(files, target, error,
+        QStringLiteral("Die Datei ist unverändert: Vor jedem Speichern wird der neue Stand im "
+                       "Ordner „%1“ vorgemerkt, und das ist nicht gelungen.")
+            .arg(files.StateDirectory));
+}
+
+/// The rewrite has failed after the record was written: back to the old state where that is
+/// possible.
+RuntimeError Undo(const DataFiles& files, const QString& target, const OldContent& old,
+    Overwritten done, int error)
+{
+    const bool is_untouched = done == Overwritten::Nothing && !old.noted;
+    const bool is_back = is_untouched || PutBack(files, target, old, done) == 0;
+    if (is_back && ForgetRewrite(files.StateDirectory, target) == 0) {
+        return FileError(files, target, error, FileDeed::Write,
+            old.missing ? not_saved
+                        : QStringLiteral("Es wurde nicht gespeichert, die Datei hat ihren alten "
+                                         "Inhalt."));
+    }
+    return FileError(files, target, error, FileDeed::Write, kept_for_next_start);
+}
+
+void CheckTarget(const DataFiles& files, const QString& target, const QByteArray& content)
+{
+    int error = IsTargetName(target) ? 0 : NotAFileName;
+    if (error == 0 && content.size() > LargestContent)
+        error = FileTooLarge;
+    if (error == 0)
+        error = CheckWritable(PathOf(files, target));
+    if (error != 0) {
+        throw FileError(files, target, error, FileDeed::Write, not_saved);
+    }
+}
+
+int Finish(const DataFiles& files, const RedoRecord& record)
+{
+    const QString path = PathOf(files, record.target);
+    QByteArray found;
+    Overwritten done = Overwritten::Nothing;
+    const bool is_there = ReadFileBytes(path, found) == 0 && found == record.content;
+    const int error = is_there ? 0 : OverwriteFile(path, record.content, done);
+    return error != 0 ? error : ForgetRewrite(files.StateDirectory, record.target);
+}
+
+RuntimeError NotFinished(const DataFiles& files, const QString& target, int error)
+{
+    return FileError(files, target, error, FileDeed::Finish,
+        QStringLiteral("Das Speichern dieser Datei war unterbrochen worden. Ihr neuer Stand ist "
+                       "vorgemerkt, ließ sich aber noch nicht eintragen; er bleibt vorgemerkt."));
+}
+
+RuntimeError NotSearched(const DataFiles& files, int error)
+{
+    return FileError({ files.StateDirectory, files.StateDirectory }, {}, error, FileDeed::Finish,
+        QStringLiteral("Im Ordner „%1“ ließ sich nicht nachsehen, ob ein Speichern unterbrochen "
+                       "worden ist.")
+            .arg(files.StateDirectory));
+}
+
+} // namespace
+
+void RewriteFile(const DataFiles& files, const QString& name, const QByteArray& content)
+{
+    const QString target = NameWithin(name);
+    CheckTarget(files, target, content);
+    OldContent old;
+    if (const int error = ReadOldContent(files, target, old); error != 0)
+        throw RecordError(files, target, error, not_saved);
+    if (const int error = NoteRewrite(files.StateDirectory, { target, content }); error != 0)
+        throw NotNoted(files, target, old, error);
+    Overwritten done = Overwritten::Nothing;
+    if (const int error = OverwriteFile(PathOf(files, target), content, done); error != 0)
+        throw Undo(files, target, old, done, error);
+    if (const int error = ForgetRewrite(files.StateDirectory, target); error != 0) {
+        throw RecordError(files, target, error,
+            QStringLiteral("Der neue Stand ist gespeichert, nur seine Vormerkung im Ordner „%1“ "
+                           "ließ sich nicht löschen.")
+                .arg(files.StateDirectory));
+    }
+}
+
+void FinishRewrites(const DataFiles& files)
+{
+    QList<RedoRecord> records;
+    const int search_error = FindRewrites(files.StateDirectory, records);
+    std::optional<RuntimeError> failure;
+    for (const RedoRecord& record : records) {
+        if (const int error = Finish(files, record); error != 0)
+            failure = NotFinished(files, record.target, error);
+    }
+    if (failure)
+        throw *failure;
+    if (search_error != 0)
+        throw NotSearched(files, search_error);
+}
