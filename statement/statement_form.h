@@ -1,12 +1,7 @@
 // The tab "Druckvorlagen": bill preview, paging, printing.
 #pragma once
 
-#include "statement/page.h"
-
-#include <QStringList>
-
-#include <memory>
-#include <vector>
+#include "statement/statement_state.h"
 
 class QLabel;
 class QLineEdit;
@@ -16,19 +11,6 @@ class QRadioButton;
 class QScrollBar;
 class QWidget;
 struct Program;
-
-/// The pages of the year and where the preview stands.
-struct StatementState {
-    PageItems FixedContents; ///< the same on every page; recorded once per redraw
-    std::vector<PageItems> MemberContents; ///< one list per member, in member order
-    QStringList StatementTotals; ///< List7: total of each drawn member as text of a single
-    float LastGrandTotal = 0.0F; ///< single precision
-    QString PageSelection; ///< flags joined with ";"; always empty when printing starts
-    qint16 ShownPage = 1; ///< 1 is the first page
-    qint32 ScrollOffset = 0; ///< viewport pixels, 0 or negative
-    std::vector<qint32> PageTops; ///< top of each page surface in the viewport
-    bool PrintAllPages = false; ///< kept, read nowhere
-};
 
 struct StatementForm {
     QWidget* P1 = nullptr; ///< viewport that shows one page surface
