@@ -105,11 +105,12 @@ WeightTable MakeWeightTable()
     return table;
 }
 
-const Weights& WeightsOf(char16_t sign)
+Weights WeightsOf(char16_t sign)
 {
     static const WeightTable table = MakeWeightTable();
-    static const Weights none;
-    return sign <= last_known ? table[sign] : none;
+    if (sign >= table.size())
+        return {};
+    return table[sign];
 }
 
 // A character that the code page lacks comes behind all others, by its number.
@@ -150,7 +151,7 @@ QByteArray CollationKey(const QString& text)
     QByteArray diacritics; // one for every letter
     QByteArray light_signs;
     for (const QChar sign : ComposedAndLower(text)) {
-        const Weights& weights = WeightsOf(sign.unicode());
+        const Weights weights = WeightsOf(sign.unicode());
         if (weights.light != 0) {
             AppendLightSign(light_signs, diacritics.size(), weights.light);
         } else if (weights.first == 0) {

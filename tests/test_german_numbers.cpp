@@ -344,11 +344,16 @@ private Q_SLOTS:
         QCOMPARE(told.field, field.field);
         QCOMPARE(told.remedy, field.remedy);
         QCOMPARE(told.content, u"12.5"_s);
-        QVERIFY(KindThrownBy([&] { SingleOf(u""_s, field); }, told) == ErrorKind::TypeMismatch);
-        QVERIFY(KindThrownBy([&] { AmountOf(u" "_s, field); }, told) == ErrorKind::TypeMismatch);
+    }
+
+    void what_is_thrown_names_the_kind_of_error()
+    {
+        Place told;
+        QVERIFY(KindThrownBy([] { SingleOf(u""_s, {}); }, told) == ErrorKind::TypeMismatch);
+        QVERIFY(KindThrownBy([] { AmountOf(u" "_s, {}); }, told) == ErrorKind::TypeMismatch);
         const QString large = u'1' + QString(39, u'0');
-        QVERIFY(KindThrownBy([&] { SingleOf(large, field); }, told) == ErrorKind::Overflow);
-        QVERIFY(NumberOf(large, field) == 1e39);
+        QVERIFY(KindThrownBy([&] { SingleOf(large, {}); }, told) == ErrorKind::Overflow);
+        QVERIFY(NumberOf(large, {}) == 1e39);
     }
 
     void a_place_that_knows_its_content_keeps_it()
