@@ -1,6 +1,7 @@
 // The program: one window over the data that lie beside it.
 #include "app/german.h"
 #include "app/program.h"
+#include "app/single_start.h"
 
 #include <QApplication>
 #include <QMainWindow>
@@ -16,7 +17,11 @@ int main(int argument_count, char** arguments)
     Program program;
     program.Files.DataDirectory = QCoreApplication::applicationDirPath();
     program.Files.StateDirectory = StateDirectoryFor(program.Files.DataDirectory);
+    SingleStart start;
+    if (!TakeDataDirectory(start, program.Files))
+        return 0; // the first start's window has come to the front
     BuildMainWindow(program);
+    OnLaterStart(start, [&program] { BringToFront(*program.Window.Window); });
     StartUp(program);
     program.Window.Window->show();
     const int code = QApplication::exec();
