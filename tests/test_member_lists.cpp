@@ -248,6 +248,43 @@ private Q_SLOTS:
             u"anklicken, seine Angaben prüfen und „Speichern“ drücken. Danach das Programm neu "
             u"starten."_s);
     }
+
+    void a_difference_is_end_minus_start_data()
+    {
+        QTest::addColumn<QString>("start");
+        QTest::addColumn<QString>("end");
+        QTest::addColumn<QString>("difference");
+        QTest::newRow("whole") << u"100"_s << u"452"_s << u"352"_s;
+        QTest::newRow("comma") << u"100"_s << u"150,5"_s << u"50,5"_s;
+        QTest::newRow("nothing used") << u"7,25"_s << u"7,25"_s << u"0"_s;
+        QTest::newRow("a new meter") << u"900"_s << u"12"_s << u"-888"_s;
+        QTest::newRow("not rounded") << u"0,1"_s << u"0,3"_s << u"0,2"_s;
+        QTest::newRow("no end reading") << u"100"_s << QString() << QString();
+        QTest::newRow("no start reading") << QString() << u"100"_s << QString();
+        QTest::newRow("letters beside an empty reading") << u"x"_s << QString() << QString();
+    }
+
+    void a_difference_is_end_minus_start()
+    {
+        QFETCH(QString, start);
+        QFETCH(QString, end);
+        QFETCH(QString, difference);
+        QCOMPARE(MeterDifference(start, end, {}, {}), difference);
+    }
+
+    void letters_in_a_reading_are_a_type_mismatch_of_that_field()
+    {
+        Place start;
+        start.field = u"start"_s;
+        Place end;
+        end.field = u"end"_s;
+        const RuntimeError at_start = ErrorOf([&] { MeterDifference(u"a"_s, u"1"_s, start, end); });
+        QCOMPARE(at_start.kind, ErrorKind::TypeMismatch);
+        QCOMPARE(at_start.where.field, u"start"_s);
+        const RuntimeError at_end = ErrorOf([&] { MeterDifference(u"a"_s, u"b"_s, start, end); });
+        QCOMPARE(at_end.where.field, u"end"_s);
+        QCOMPARE(at_end.where.content, u"b"_s);
+    }
 };
 
 QTEST_GUILESS_MAIN(TestMemberLists)
