@@ -1,12 +1,304 @@
+// What the tab "Stammdaten" shows and what its buttons do. The controls are made in
+// member_tab_form.cpp, the rules stand in member_editing and member_lists.
 #include "app/program.h"
+#include "controls/fields.h"
+#include "members/member_editing.h"
 
-void BuildMemberTab(Program&, QWidget*) { }
-void ClearFields(Program&, int) { }
-void ShowMember(Program&) { }
-void ShowNameList(Program&) { }
-void SelectMember(Program&, int) { }
-void MemberFieldClicked(Program&, int) { }
-void NewMember(Program&) { }
-void SaveMember(Program&) { }
-void DeleteMember(Program&) { }
-void EnterReadings(Program&) { }
+#include <QLineEdit>
+#include <QListWidget>
+#include <QScrollBar>
+#include <QSignalBlocker>
+#include <QTreeWidget>
+
+namespace {
+
+constexpr qsizetype longest_shown_name = 300; // characters; beyond it a list would only get slow
+
+template <typename Fields> void ClearAll(const Fields& fields)
+{
+    for (QLineEdit* field : fields)
+        field->clear();
+}
+
+void ShowText(QLineEdit* field, const QString& text)
+{
+    field->setText(text);
+    field->setCursorPosition(0); // a long text shows its beginning
+}
+
+QStringList FormFields(const MemberForm& form)
+{
+    QStringList fields;
+    for (int field = 0; field < MemberFieldCount; ++field)
+        fields += ControlOfField(form, field)->text();
+    return fields;
+}
+
+QStringList StoredFields(const Program& program)
+{
+    return SplitRecord(program.Members.StoredList.value(program.Member.CurrentMember));
+}
+
+/// While a new member is typed nothing of him is stored.
+QString StoredText(const Program& program, int field)
+{
+    return program.Member.CurrentMember < 0 ? QString()
+                                            : FieldOrEmpty(StoredFields(program), field);
+}
+
+void ShowFieldStates(Program& program)
+{
+    for (int field = 0; field < MemberFieldCount; ++field)
+        ShowFieldState(program, field);
+}
+
+QString UnsavedToolTip(const QString& stored)
+{
+    const QString not_yet = QStringLiteral("Noch nicht gespeichert. ");
+    return stored.isEmpty() ? not_yet + QStringLiteral("Gespeichert ist hier nichts.")
+                            : not_yet + QStringLiteral("Gespeichert ist „%1“.").arg(stored);
+}
+
+/// Both lists mark the shown member and scroll to him.
+void MarkShownMember(const Program& program)
+{
+    const int row = program.Member.CurrentMember;
+    QListWidget* names = program.MembersTab.List1;
+    const QSignalBlocker silent_names(names);
+    names->setCurrentRow(row);
+    if (row < 0)
+        names->clearSelection();
+    names->scrollToItem(names->item(row));
+
+    QTreeWidget* overview = program.MembersTab.ListView2;
+    const QSignalBlocker silent_overview(overview);
+    overview->setCurrentItem(overview->topLevelItem(row));
+    if (row < 0)
+        overview->clearSelection();
+    overview->scrollToItem(overview->topLevelItem(row));
+}
+
+/// A difference stays as it is while one of its readings is empty.
+void ComputeDifference(
+    Program& program, MemberField start, MemberField end, QLineEdit* difference_field)
+{
+    const QStringList fields = FormFields(program.MembersTab);
+    const auto place = [&](MemberField field) {
+        return ReadingPlace(program.Year.LoadedYear, program.Member.CurrentMember, fields, field);
+    };
+    const QString difference
+        = MeterDifference(fields[start], fields[end], place(start), place(end));
+    if (!difference.isEmpty())
+        difference_field->setText(difference);
+}
+
+void ComputeDifferences(Program& program)
+{
+    const MemberForm& form = program.MembersTab;
+    ComputeDifference(program, ElectricityStart, ElectricityEnd, form.Text1[2]);
+    ComputeDifference(program, WaterStart, WaterEnd, form.Text1[5]);
+    program.Member.ElectricityDifference = form.Text1[2]->text();
+    program.Member.WaterDifference = form.Text1[5]->text();
+}
+
+/// Writes the lists as file of YearText; an error says in addition what became of the input.
+void WriteMembers(const Program& program, const MemberLists& lists, const QString& what_is_left)
+{
+    try {
+        WriteMembersFile(lists, program.Files, program.Year.YearText);
+    } catch (RuntimeError error) {
+        if (!error.where.remedy.isEmpty())
+            error.where.remedy += QLatin1Char(' ');
+        error.where.remedy += what_is_left;
+        throw error;
+    }
+}
+
+/// What follows a save and a delete: the year is loaded from its new file and member 0 shown.
+void ReloadAfterWriting(Program& program)
+{
+    ClearFields(program, 0);
+    program.Member.CurrentMember = -1;
+    RebuildStatementPages(program);
+    LoadYear(program);
+}
+
+bool DiffersFromFile(const Program& program)
+{
+    const QStringList typed = FormFields(program.MembersTab);
+    for (int field = 0; field < MemberFieldCount; ++field) {
+        if (typed[field] != StoredText(program, field))
+            return true;
+    }
+    return false;
+}
+
+} // namespace
+
+QLineEdit* ControlOfField(const MemberForm& form, int field)
+{
+    const auto index = static_cast<std::size_t>(field);
+    if (field < ElectricityStart)
+        return form.Text3.at(index);
+    constexpr std::array<std::size_t, 4> readings { 0, 1, 3, 4 }; // 2 and 5 are the differences
+    return form.Text1.at(readings.at(index - ElectricityStart));
+}
+
+void ClearFields(Program& program, int group)
+{
+    if (group == 0)
+        ClearAll(program.MembersTab.Text3);
+    else if (group == 1)
+        ClearAll(program.MembersTab.Text1);
+    else if (group == 2)
+        ClearAll(program.SettingsTab.Text4);
+}
+
+void ShowFieldState(Program& program, int field)
+{
+    QLineEdit* control = ControlOfField(program.MembersTab, field);
+    const QString stored = StoredText(program, field);
+    switch (StateOf(field, control->text(), stored)) {
+    case FieldState::Stored:
+        return Tint(control, TintKind::None);
+    case FieldState::Unsaved:
+        return Tint(control, TintKind::Unsaved, UnsavedToolTip(stored));
+    case FieldState::NoNumber:
+        return; // tinted by the field itself
+    case FieldState::Separator:
+        return Tint(control, TintKind::Wrong,
+            QStringLiteral("Der Strichpunkt trennt in der Datei die Felder: Nach dem Speichern "
+                           "steht alles dahinter ein Feld weiter."));
+    }
+}
+
+void ShowMember(Program& program)
+{
+    MemberState& member = program.Member;
+    ClearFields(program, 0);
+    ClearFields(program, 1);
+    MarkShownMember(program);
+    if (program.Members.RecordList.isEmpty()) {
+        member.ElectricityDifference.clear();
+        member.WaterDifference.clear();
+        return ShowFieldStates(program);
+    }
+    member.MemberFields = SplitRecord(program.Members.RecordList.value(member.CurrentMember));
+    const QStringList& fields = member.MemberFields;
+    for (int field = 0; field < MemberFieldCount && field < fields.size(); ++field)
+        ShowText(ControlOfField(program.MembersTab, field), fields[field]);
+    ShowFieldStates(program);
+    RequireWholeRecord(
+        fields, ShortRecordPlace(program.Year.LoadedYear, member.CurrentMember, fields));
+    ComputeDifferences(program);
+}
+
+void ShowNameList(Program& program)
+{
+    QListWidget* list = program.MembersTab.List1;
+    const QStringList& names = program.Members.NameList;
+    const QSignalBlocker silent(list);
+    while (list->count() > names.size())
+        delete list->takeItem(list->count() - 1);
+    for (int row = 0; row < names.size(); ++row) { // row by row, so that the list does not jump
+        const QString name = names[row].left(longest_shown_name);
+        if (row >= list->count())
+            list->addItem(name);
+        else if (list->item(row)->text() != name)
+            list->item(row)->setText(name);
+    }
+    MarkShownMember(program);
+}
+
+void ShowMemberOverview(Program& program, const QStringList& rows)
+{
+    QTreeWidget* overview = program.MembersTab.ListView2;
+    const QSignalBlocker silent(overview);
+    const int scrolled = overview->verticalScrollBar()->value();
+    overview->clear();
+    overview->setHeaderLabels({ QStringLiteral("Namen") });
+    QList<QTreeWidgetItem*> items;
+    for (qsizetype row = 0; row < rows.size(); ++row) {
+        auto* item = new QTreeWidgetItem;
+        item->setText(0, rows[row].left(longest_shown_name));
+        item->setToolTip(0, item->text(0));
+        item->setData(0, Qt::UserRole, QStringLiteral("Zeile ") + QString::number(row + 1));
+        items += item;
+    }
+    overview->addTopLevelItems(items);
+    overview->verticalScrollBar()->setValue(scrolled);
+    MarkShownMember(program);
+}
+
+void SelectMember(Program& program, int position)
+{
+    if (position < 0)
+        return; // the list was left without a selection
+    program.Member.CurrentMember = static_cast<qint16>(position);
+    ShowMember(program);
+}
+
+void MemberFieldClicked(Program& program, int field)
+{
+    program.Member.ClickedFieldText = ControlOfField(program.MembersTab, field)->text();
+}
+
+void NewMember(Program& program)
+{
+    program.Member.CurrentMember = -1;
+    program.Member.ClickedFieldText.clear();
+    ClearFields(program, 0);
+    ClearFields(program, 1);
+    MarkShownMember(program);
+    ShowFieldStates(program);
+    program.MembersTab.Text3[0]->setFocus();
+}
+
+void SaveMember(Program& program)
+{
+    const QStringList fields = FormFields(program.MembersTab);
+    MemberLists changed = program.Members;
+    if (DecideSave(program.Member, changed) == SaveWay::Update)
+        ReplaceMember(changed, program.Member.CurrentMember, fields);
+    else
+        AddMember(changed, fields);
+    WriteMembers(program, changed,
+        QStringLiteral("Ihre Eingaben stehen noch im Formular: Drücken Sie, sobald das behoben "
+                       "ist, noch einmal „Speichern“."));
+    program.Members = changed;
+    program.Member.ClickedFieldText.clear();
+    ReloadAfterWriting(program);
+}
+
+void DeleteMember(Program& program)
+{
+    MemberLists changed = program.Members;
+    RemoveMember(changed, program.Member.CurrentMember);
+    WriteMembers(program, changed,
+        QStringLiteral("Das Mitglied steht noch in der Liste: Drücken Sie, sobald das behoben "
+                       "ist, noch einmal „Löschen“."));
+    program.Members = changed;
+    ReloadAfterWriting(program);
+}
+
+void EnterReadings(Program& program)
+{
+    ReplaceRecord(program.Members, program.Member.CurrentMember, FormFields(program.MembersTab));
+    ComputeDifferences(program);
+    WriteMembers(program, program.Members,
+        QStringLiteral("Die Zählerstände stehen noch im Formular: Drücken Sie, sobald das "
+                       "behoben ist, noch einmal „OK“."));
+    LoadYear(program);
+}
+
+void StepMember(Program& program, int direction)
+{
+    if (DiffersFromFile(program))
+        EnterReadings(program);
+    const int next
+        = NeighbourOf(program.Member.CurrentMember, direction, program.Members.RecordList.size());
+    QLineEdit* end_reading = program.MembersTab.Text1[1];
+    end_reading->setFocus(); // before a member that cannot be shown whole ends this
+    SelectMember(program, next);
+    end_reading->selectAll();
+}

@@ -1,9 +1,10 @@
 // The tab "Stammdaten": year choice, name list, member form, meter readings, member overview.
 #pragma once
 
+#include <QStringList>
+
 #include <array>
 
-class QLabel;
 class QLineEdit;
 class QListWidget;
 class QPushButton;
@@ -30,6 +31,9 @@ struct MemberForm {
 /// Builds the tab's controls into the given page and connects their handlers.
 void BuildMemberTab(Program& program, QWidget* tab);
 
+/// Connects the handlers of the built controls; the last step of BuildMemberTab.
+void ConnectMemberTab(Program& program);
+
 /// Group 0: the twelve member fields; 1: the six meter fields; 2: the price fields of the settings
 /// tab. Others: nothing.
 void ClearFields(Program& program, int group);
@@ -41,9 +45,30 @@ void ShowMember(Program& program);
 /// List1 shows the name list; its selection follows CurrentMember. Runs no handler.
 void ShowNameList(Program& program);
 
+/// ListView2 shows these rows in its only column "Namen", the shown member marked; row k has the
+/// key "Zeile k" (item data, Qt::UserRole). Runs no handler.
+void ShowMemberOverview(Program& program, const QStringList& rows);
+
+/// The control of record field 0 to 15: Text3(0) to Text3(11), Text1(0), (1), (3), (4).
+QLineEdit* ControlOfField(const MemberForm& form, int field);
+
+/// Tints record field 0 to 15 by how its text stands to the file.
+void ShowFieldState(Program& program, int field);
+
 void SelectMember(Program& program, int position); ///< name list and member table
 void MemberFieldClicked(Program& program, int field); ///< Text3(field)
 void NewMember(Program& program); ///< Command14
-void SaveMember(Program& program); ///< Command1(0)
-void DeleteMember(Program& program); ///< Command1(2)
-void EnterReadings(Program& program); ///< Command2
+
+/// Command1(0). When the file cannot be written, lists and form stay as they are.
+void SaveMember(Program& program);
+
+/// Command1(2). When the file cannot be written, lists and form stay as they are.
+void DeleteMember(Program& program);
+
+/// Command2. The record list has the readings before the differences are computed: a reading that
+/// is no number stops it there, before the file is written.
+void EnterReadings(Program& program);
+
+/// Ctrl+Down (1) and Ctrl+Up (-1) in the readings: enters what was typed, then shows the member
+/// below or above with the electricity end reading selected for typing.
+void StepMember(Program& program, int direction);
