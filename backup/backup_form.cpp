@@ -1,3 +1,182 @@
-#include "app/program.h"
+#include "backup/backup_form.h"
 
-QWidget* BuildBackupFrame(Program&, QWidget* parent) { return new QWidget(parent); }
+#include "app/program.h"
+#include "backup/copying.h"
+#include "backup/texts.h"
+#include "controls/fields.h"
+#include "data/file_names.h"
+
+#include <QCursor>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QGuiApplication>
+#include <QProgressBar>
+#include <QPushButton>
+
+namespace {
+
+/// Drive text and folder of one run; found once, before the question.
+struct Destination {
+    QString Drive;
+    QString Folder;
+};
+
+/// The pointer shows that the program works; never while a box is open.
+struct BusyPointer {
+    BusyPointer() { QGuiApplication::setOverrideCursor(QCursor(Qt::WaitCursor)); }
+    ~BusyPointer() { QGuiApplication::restoreOverrideCursor(); }
+    BusyPointer(const BusyPointer&) = delete;
+    BusyPointer& operator=(const BusyPointer&) = delete;
+};
+
+/// The bar of one run: at its minimum before and after, also when the run fails.
+struct ProgressRun {
+    QProgressBar* Bar;
+    explicit ProgressRun(QProgressBar* bar)
+        : Bar(bar)
+    {
+        Bar->setValue(Bar->minimum());
+    }
+    ~ProgressRun() { Bar->setValue(Bar->minimum()); }
+    ProgressRun(const ProgressRun&) = delete;
+    ProgressRun& operator=(const ProgressRun&) = delete;
+
+    FileDone Counting(qsizetype count) const
+    {
+        return [bar = Bar, count](qsizetype position) {
+            const auto maximum = static_cast<float>(bar->maximum());
+            bar->setValue(qRound(ProgressValue(maximum, count, position)));
+            bar->repaint(); // no event is handled until the last file is copied
+        };
+    }
+};
+
+void ShowFolder(const BackupForm& form, const Destination& destination)
+{
+    const QString tip = BackupFolderTip(destination.Drive, destination.Folder);
+    form.Command10->setToolTip(tip);
+    form.Command11->setToolTip(tip);
+}
+
+Destination FindDestination(const BackupForm& form)
+{
+    Destination destination;
+    destination.Drive = form.FindDrive();
+    destination.Folder = BackupFolder(destination.Drive, form.FindFallback());
+    ShowFolder(form, destination);
+    return destination;
+}
+
+bool StickConfirmed(const Program& program, const QString& question)
+{
+    MessageBox box;
+    box.text = question;
+    box.title = BackupTitle;
+    box.buttons = BoxButtons::OkCancel;
+    return program.Ask(box) == BoxAnswer::Ok;
+}
+
+void Say(const Program& program, const QString& text, const QString& title)
+{
+    MessageBox box;
+    box.text = text;
+    box.title = title;
+    program.Ask(box);
+}
+
+/// What was typed or booked before is gone with the year that was just loaded: nobody must be asked
+/// whether to save it.
+void LoadRestoredYear(Program& program)
+{
+    const bool loads = FileExists(program.Files, MembersFileName(program.Year.YearText));
+    LoadYear(program);
+    if (!loads)
+        return; // "Datenfehler" was shown, and everything in memory stayed
+    program.CashBook.LedgerChanged = false;
+    program.CashBook.BankUnsaved = false;
+    program.CashBook.CashBoxUnsaved = false;
+    program.Settings.SettingsSaved = true;
+    program.Settings.PricesEdited = false;
+}
+
+bool FolderAskedFor(Program& program, QEvent&)
+{
+    ShowBackupFolder(program);
+    return false;
+}
+
+QPushButton* MakeButton(Program& program, QWidget* frame, const QString& caption,
+    const QString& name, void (*handler)(Program&))
+{
+    auto* button = Named(new QPushButton(caption, frame), name);
+    On(program, button, &QPushButton::clicked, handler);
+    // A stick comes and goes while the window is open: the tool tip is looked up when it is needed.
+    OnEvent(program, button, QEvent::Enter, FolderAskedFor);
+    OnEvent(program, button, QEvent::FocusIn, FolderAskedFor);
+    return button;
+}
+
+} // namespace
+
+QWidget* BuildBackupFrame(Program& program, QWidget* parent)
+{
+    BackupForm& form = program.Backup;
+    if (!form.FindDrive)
+        form.FindDrive = FindRemovableDrive;
+    if (!form.FindFallback)
+        form.FindFallback = [&program] { return FallbackOf(program.Files.DataDirectory); };
+
+    auto* frame = new QGroupBox(QStringLiteral("Datensicherung"), parent);
+    form.Command10 = MakeButton(
+        program, frame, QStringLiteral("Sichern"), QStringLiteral("Command10"), SaveBackup);
+    form.Command11 = MakeButton(program, frame, QStringLiteral("Wiederherstellen"),
+        QStringLiteral("Command11"), RestoreBackup);
+    form.PB1 = Named(new QProgressBar(frame), QStringLiteral("PB1"));
+    form.PB1->setRange(0, 100);
+    form.PB1->setValue(form.PB1->minimum());
+    form.PB1->setTextVisible(false);
+    form.PB1->setAccessibleName(QStringLiteral("Fortschritt der Datensicherung"));
+
+    auto* grid = new QGridLayout(frame);
+    grid->setSpacing(FrameSpacing);
+    grid->addWidget(form.Command10, 0, 0);
+    grid->addWidget(form.Command11, 0, 1);
+    grid->addWidget(form.PB1, 1, 0, 1, 2);
+    return frame;
+}
+
+void ShowBackupFolder(Program& program) { FindDestination(program.Backup); }
+
+void SaveBackup(Program& program) // Command10, "Sichern"
+{
+    const Destination destination = FindDestination(program.Backup);
+    CheckBackupFolder(program.Files, destination.Folder);
+    CreateBackupFolder(destination.Folder);
+    const QStringList names = DataFileNames(program.Files.DataDirectory, Links::Follow);
+    const ProgressRun run(program.Backup.PB1);
+    if (!StickConfirmed(program, AskForStick))
+        return;
+    {
+        const BusyPointer busy;
+        BackUpFiles(program.Files, destination.Folder, names, run.Counting(names.size()));
+    }
+    Say(program, SavedTo(destination.Drive), SavedTitle);
+}
+
+void RestoreBackup(Program& program) // Command11, "Wiederherstellen"
+{
+    const Destination destination = FindDestination(program.Backup);
+    CheckBackupFolder(program.Files, destination.Folder);
+    const QStringList names = DataFileNames(destination.Folder, Links::PassOver);
+    const ProgressRun run(program.Backup.PB1);
+    if (!StickConfirmed(program, AskForSavedStick))
+        return;
+    DataFileNames(
+        destination.Folder, Links::PassOver); // throws when the stick was pulled meanwhile
+    {
+        const BusyPointer busy;
+        RestoreFiles(program.Files, destination.Folder, names, run.Counting(names.size()));
+    }
+    LoadRestoredYear(program);
+    Say(program, RestoredFrom(destination.Drive), RestoredTitle);
+}

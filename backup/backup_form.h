@@ -1,5 +1,8 @@
 // The frame "Datensicherung" on the tab "Einstellungen": "Sichern", "Wiederherstellen" and the bar.
+// Copying and the search for the stick know no window: copying.h, drives.h.
 #pragma once
+
+#include "backup/drives.h"
 
 #include <QString>
 
@@ -13,10 +16,23 @@ struct Program;
 struct BackupForm {
     QPushButton* Command10 = nullptr; ///< "Sichern"
     QPushButton* Command11 = nullptr; ///< "Wiederherstellen"
-    QProgressBar* PB1 = nullptr;
-    std::function<QString()>
-        FindDrive; ///< text of the first removable drive, empty when there is none
+    QProgressBar* PB1 = nullptr; ///< 0 to 100, at its minimum between two runs
+    std::function<QString()> FindDrive; ///< text of the first removable drive, empty when there
+                                        ///< is none; set by BuildBackupFrame unless a test has
+    std::function<Fallback()> FindFallback; ///< where to save without a drive; set likewise
 };
 
 /// The frame with its controls, for the settings tab to place.
 QWidget* BuildBackupFrame(Program& program, QWidget* parent);
+
+/// Command10: finds the drive, creates the folder, asks for the stick, copies, says so. Anything
+/// but "OK" ends it with nothing copied. Throws RuntimeError (File); the bar is at its minimum
+/// then.
+void SaveBackup(Program& program);
+
+/// Command11: finds the drive, lists the folder, asks for the stick, copies back, loads the year
+/// and says so. Throws RuntimeError (File) before anything is loaded.
+void RestoreBackup(Program& program);
+
+/// Both buttons tell the folder in use.
+void ShowBackupFolder(Program& program);

@@ -1,1 +1,288 @@
-#include "data/line_file.h"
+#include "backup/copying.h"
+
+#include "data/system_files.h"
+
+#include <QRegularExpression>
+
+#include <algorithm>
+#include <cerrno>
+
+namespace {
+
+// A copy grows under this name, which the pattern does not match, and gets its own when complete.
+const QString UnfinishedName = QStringLiteral(".parzello.neu");
+
+constexpr qint64 most_bytes = 4 * LargestFile; // of all files of a restore together
+
+RuntimeError CopyError(const QString& file, int error, const QString& remedy)
+{
+    Place where;
+    where.file = file;
+    where.remedy = remedy;
+    return { ErrorKind::File, where, MediumReasonOf(error) };
+}
+
+QString InFolder(const QString& folder, const QString& name)
+{
+    return folder.endsWith(QLatin1Char('/')) ? folder + name : folder + QLatin1Char('/') + name;
+}
+
+bool IsPlainName(const QString& name)
+{
+    return std::none_of(name.begin(), name.end(), [](QChar character) {
+        return character.category() == QChar::Other_Control || character == QChar::LineSeparator
+            || character == QChar::ParagraphSeparator
+            || character == QChar::ReplacementCharacter // bytes that are no text
+            || character == QLatin1Char('/') || character == QLatin1Char('\\');
+    });
+}
+
+// So that the box shows the name in one line.
+QString Shown(QString name)
+{
+    for (QChar& character : name) {
+        if (!IsPlainName(QString(character)))
+            character = QLatin1Char('?');
+    }
+    return name;
+}
+
+bool ComesBefore(const QString& a, const QString& b)
+{
+    const int order = a.compare(b, Qt::CaseInsensitive);
+    return order != 0 ? order < 0 : a < b;
+}
+
+/// Reads a file of the stick itself, never what a link points to.
+QByteArray ReadFromStick(const QString& folder, const QString& name)
+{
+    const QString path = InFolder(folder, name);
+    QByteArray content;
+    const int error = IsLink(path) ? IsALink : ReadFileBytes(path, content);
+    if (error != 0) {
+        throw CopyError(name, error,
+            QStringLiteral("Die Datei kann nicht aus „%1“ gelesen werden. Es wurde nichts "
+                           "wiederhergestellt, alle Daten sind wie zuvor. Bitte prüfen, ob der "
+                           "Stick noch steckt, und noch einmal wiederherstellen.")
+                .arg(folder));
+    }
+    return content;
+}
+
+/// What was thrown about a single file, and what it means for the whole run.
+void AddToRemedy(RuntimeError& error, const QString& sentence)
+{
+    QString& remedy = error.where.remedy;
+    remedy = remedy.isEmpty() ? sentence : remedy + QLatin1Char(' ') + sentence;
+}
+
+QByteArray ReadFromData(const DataFiles& files, const QString& name)
+{
+    try {
+        return ReadBytes(files, QLatin1Char('\\') + name);
+    } catch (RuntimeError& error) {
+        AddToRemedy(error,
+            QStringLiteral("Die Sicherung ist unvollständig. Bitte danach noch einmal sichern."));
+        throw;
+    }
+}
+
+int WriteToFolder(
+    const QString& source, const QString& folder, const QString& name, const QByteArray& content)
+{
+    const QString unfinished = InFolder(folder, UnfinishedName);
+    int error = RemoveFile(unfinished); // left over when a stick was pulled
+    Overwritten done = Overwritten::Nothing;
+    if (error == 0)
+        error = OverwriteFile(unfinished, content, done);
+    if (error == 0) {
+        CopyFileTimes(source, unfinished); // a medium that keeps no times is still a backup
+        error = ReplaceFile(unfinished, InFolder(folder, name));
+    }
+    if (error != 0)
+        RemoveFile(unfinished); // the stick may be gone: then there is nothing to remove
+    return error;
+}
+
+RuntimeError BackupFailed(const QString& file, int error, const QString& folder)
+{
+    return CopyError(file, error,
+        QStringLiteral("Die Sicherung nach „%1“ ist unvollständig. Bitte prüfen, ob der Stick "
+                       "noch steckt, nicht schreibgeschützt ist und genug Platz hat, und noch "
+                       "einmal sichern.")
+            .arg(folder));
+}
+
+QList<QByteArray> ReadAllFromStick(const QString& folder, const QStringList& names)
+{
+    QList<QByteArray> contents;
+    qint64 bytes = 0;
+    for (const QString& name : names) {
+        contents += ReadFromStick(folder, name);
+        bytes += contents.last().size();
+        if (bytes > most_bytes) {
+            throw CopyError(name, FileTooLarge,
+                QStringLiteral("Die Dateien in „%1“ sind zusammen zu groß für eine Sicherung "
+                               "dieses Programms. Es wurde nichts wiederhergestellt.")
+                    .arg(folder));
+        }
+    }
+    return contents;
+}
+
+/// A medium may have turned "Konto2016.pz" into capitals, and a file of that name would be found by
+/// nobody: the program's own files get the program's spelling, others that of the file they
+/// replace.
+QString NameInDataDirectory(const QStringList& existing, const QString& name)
+{
+    static const QRegularExpression own(
+        QStringLiteral("^(mitgliedsdaten|konto|handkasse|config)(\\d*\\.(?:pz|ini))$"),
+        QRegularExpression::CaseInsensitiveOption);
+    const QRegularExpressionMatch match = own.match(name);
+    for (const char* spelling : { "Mitgliedsdaten", "Konto", "HandKasse", "Config" }) {
+        const QString known = QString::fromLatin1(spelling);
+        if (known.compare(match.captured(1), Qt::CaseInsensitive) == 0)
+            return known + match.captured(2).toLower();
+    }
+    if (existing.contains(name))
+        return name;
+    for (const QString& other : existing) {
+        if (other.compare(name, Qt::CaseInsensitive) == 0)
+            return other;
+    }
+    return name;
+}
+
+RuntimeError FolderUnreadable(const QString& folder, int error, Links links)
+{
+    const QString what = QStringLiteral("Der Ordner „%1“ kann nicht gelesen werden. Es wurde "
+                                        "nichts kopiert. ")
+                             .arg(folder);
+    if (links == Links::Follow)
+        return CopyError({}, error, what + QStringLiteral("Bitte prüfen, ob er noch da ist."));
+    return CopyError({}, error,
+        what
+            + QStringLiteral("Bitte den Stick mit den gesicherten Daten einstecken, einen "
+                             "Augenblick warten und es noch einmal versuchen."));
+}
+
+void CheckTarget(const DataFiles& files, const QString& name)
+{
+    const QString path = InFolder(files.DataDirectory, name);
+    const int error = IsLink(path) ? IsALink : CheckWritable(path);
+    if (error != 0) {
+        throw CopyError(name, error,
+            QStringLiteral("Die Datei im Ordner „%1“ kann nicht ersetzt werden. Es wurde nichts "
+                           "wiederhergestellt, alle Daten sind wie zuvor.")
+                .arg(files.DataDirectory));
+    }
+}
+
+void Replace(const DataFiles& files, const QString& name, const QByteArray& content)
+{
+    try {
+        RewriteFile(files, QLatin1Char('\\') + name, content);
+    } catch (RuntimeError& error) {
+        AddToRemedy(error,
+            QStringLiteral("Die Wiederherstellung ist unvollständig. Bitte danach noch einmal "
+                           "wiederherstellen."));
+        throw;
+    }
+}
+
+} // namespace
+
+bool IsDataFileName(const QString& name)
+{
+    return name.endsWith(QStringLiteral(".pz"), Qt::CaseInsensitive)
+        || name.endsWith(QStringLiteral(".ini"), Qt::CaseInsensitive)
+        || name.endsWith(QStringLiteral(".xls"), Qt::CaseInsensitive);
+}
+
+QStringList DataFileNames(const QString& folder, Links links)
+{
+    QStringList all;
+    int error = links == Links::PassOver ? CheckFolder(folder) : 0;
+    if (error == 0)
+        error = ListFiles(folder, links, all);
+    if (error != 0)
+        throw FolderUnreadable(folder, error, links);
+    QStringList names;
+    for (const QString& name : all) {
+        if (!IsDataFileName(name))
+            continue;
+        if (!IsPlainName(name)) {
+            throw CopyError(Shown(name), NotAFileName,
+                QStringLiteral("Es wurde nichts kopiert. Bitte die Datei im Ordner „%1“ löschen "
+                               "oder umbenennen und es noch einmal versuchen.")
+                    .arg(folder));
+        }
+        names += name;
+    }
+    std::sort(names.begin(), names.end(), ComesBefore);
+    return names;
+}
+
+void CheckBackupFolder(const DataFiles& files, const QString& folder)
+{
+    if (!IsSameFolder(files.DataDirectory, folder))
+        return;
+    throw CopyError({}, IsDataDirectory,
+        QStringLiteral("Der Sicherungsordner „%1“ ist der Ordner, in dem das Programm selbst mit "
+                       "seinen Daten liegt. Es wurde nichts kopiert. Bitte einen (anderen) "
+                       "USB-Stick einstecken, einen Augenblick warten und es noch einmal "
+                       "versuchen.")
+            .arg(folder));
+}
+
+void CreateBackupFolder(const QString& folder)
+{
+    const int error = MakeFolder(folder);
+    if (error == 0)
+        return;
+    throw CopyError({}, error,
+        QStringLiteral("Der Ordner „%1“ kann nicht angelegt werden. Es wurde nichts gesichert. "
+                       "Bitte prüfen, ob der Stick noch steckt und nicht schreibgeschützt ist.")
+            .arg(folder));
+}
+
+void BackUpFiles(
+    const DataFiles& files, const QString& folder, const QStringList& names, const FileDone& done)
+{
+    for (qsizetype i = 0; i < names.size(); ++i) {
+        const QByteArray content = ReadFromData(files, names[i]);
+        int error = 0;
+        if (!content.isEmpty()) {
+            error
+                = WriteToFolder(InFolder(files.DataDirectory, names[i]), folder, names[i], content);
+        }
+        if (error != 0)
+            throw BackupFailed(names[i], error, folder);
+        done(i);
+    }
+    if (const int error = FlushMedium(folder); error != 0)
+        throw BackupFailed({}, error, folder);
+}
+
+void RestoreFiles(
+    const DataFiles& files, const QString& folder, const QStringList& names, const FileDone& done)
+{
+    const QList<QByteArray> contents = ReadAllFromStick(folder, names);
+    QStringList existing;
+    ListFiles(files.DataDirectory, Links::Follow, existing); // an error shows at the first target
+    QStringList targets;
+    for (const QString& name : names) {
+        targets += NameInDataDirectory(existing, name);
+        CheckTarget(files, targets.last());
+    }
+    for (qsizetype i = 0; i < names.size(); ++i) {
+        Replace(files, targets[i], contents[i]);
+        CopyFileTimes(InFolder(folder, names[i]), InFolder(files.DataDirectory, targets[i]));
+        done(i);
+    }
+}
+
+float ProgressValue(float maximum, qsizetype count, qsizetype position)
+{
+    return maximum / static_cast<float>(count) * static_cast<float>(position + 1);
+}

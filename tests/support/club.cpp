@@ -11,6 +11,15 @@ TestClub::TestClub()
     folder.mkdir(QStringLiteral("state"));
     program.Files.DataDirectory = folder.filePath(QStringLiteral("daten"));
     program.Files.StateDirectory = folder.filePath(QStringLiteral("state"));
+    // no test may ever save to this computer's real drives
+    for (const char* name : { "stick", "root", "home" })
+        folder.mkdir(QString::fromLatin1(name));
+    Drive = folder.filePath(QStringLiteral("stick"));
+    program.Backup.FindDrive = [this] { return Drive; };
+    program.Backup.FindFallback = [folder] {
+        return Fallback { folder.filePath(QStringLiteral("root")),
+            folder.filePath(QStringLiteral("home")) };
+    };
     program.Ask = [this](const MessageBox& box) {
         Boxes += box;
         if (!Answers.isEmpty())

@@ -11,8 +11,11 @@
 #include <memory>
 
 struct TestClub {
-    QTemporaryDir Folder; ///< holds "daten" (the DataDirectory) and "state"
+    QTemporaryDir
+        Folder; ///< holds "daten" (the DataDirectory), "state", "stick", "root" and "home"
     Program program;
+    QString Drive; ///< drive text that the search for the stick finds: "stick"; empty: none, and
+                   ///< the backup goes to "root" or "home"
     QList<MessageBox> Boxes; ///< every box that was asked, in order
     QList<BoxAnswer> Answers; ///< taken one by one; when empty: Ok, or Yes in a Yes/No box
 

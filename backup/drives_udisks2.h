@@ -1,0 +1,15 @@
+// The volumes of a Linux system as its disk service UDisks2 tells them over D-Bus.
+#pragma once
+
+#include "backup/drives.h"
+
+#include <QDBusConnection>
+
+#include <optional>
+
+/// All mounted volumes that the service knows; nothing when it does not answer within two seconds.
+std::optional<QList<Volume>> VolumesFromUdisks2(const QDBusConnection& bus);
+
+/// FindRemovableDrive with the parts it asks: the service where it answers (even with an empty
+/// list), else mount table and kernel below root.
+QString FindRemovableDriveWith(const QDBusConnection& bus, const QString& root);
