@@ -23,6 +23,11 @@ if(PARZELLO_SANITIZE)
         -fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer)
     target_link_options(parzello_flags INTERFACE -fsanitize=address,undefined)
 endif()
+if(PARZELLO_FUZZ)
+    target_compile_options(parzello_flags INTERFACE
+        -fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=undefined)
+    target_link_options(parzello_flags INTERFACE -fsanitize=address,undefined)
+endif()
 
 # A library of plain files: structs and free routines that know QtCore and cannot show a window.
 function(parzello_plain_library name)
