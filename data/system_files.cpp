@@ -91,6 +91,15 @@ int ReadAll(const Descriptor& file, qint64 expected, QByteArray& content)
     return 0;
 }
 
+int Empty(const Descriptor& file)
+{
+    while (::ftruncate(file.Number(), 0) != 0) {
+        if (errno != EINTR)
+            return errno;
+    }
+    return 0;
+}
+
 int WriteAll(const Descriptor& file, const QByteArray& content)
 {
     qsizetype written = 0;
@@ -151,9 +160,9 @@ int Compare(const Descriptor& file, const QByteArray& content)
 
 int FillAndClose(Descriptor& file, const QByteArray& content)
 {
-    if (::ftruncate(file.Number(), 0) != 0)
-        return errno;
-    int error = WriteAll(file, content);
+    int error = Empty(file);
+    if (error == 0)
+        error = WriteAll(file, content);
     if (error == 0)
         error = Sync(file);
     if (error == 0)
@@ -287,7 +296,11 @@ int ListFolder(const QString& path, QStringList& names)
     names.clear();
     if (path.isEmpty())
         return 0;
-    DIR* folder = ::opendir(QFile::encodeName(path).constData());
+    const QByteArray path_name = QFile::encodeName(path);
+    DIR* folder = nullptr;
+    do {
+        folder = ::opendir(path_name.constData());
+    } while (folder == nullptr && errno == EINTR);
     if (folder == nullptr)
         return errno == ENOENT ? 0 : errno;
     errno = 0;
@@ -296,7 +309,7 @@ int ListFolder(const QString& path, QStringList& names)
         errno = 0;
     }
     const int read_error = errno;
-    const int close_error = ::closedir(folder) == 0 ? 0 : errno;
+    const int close_error = ::closedir(folder) == 0 || errno == EINTR ? 0 : errno;
     names.sort();
     return read_error != 0 ? read_error : close_error;
 }

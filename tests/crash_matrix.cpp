@@ -1,0 +1,295 @@
+// The crash-matrix: every saving action of the program is interrupted at every system call that it
+// makes, once for each fault: killed, no space, broken medium, no permission, interrupted, short
+// write; single and from then on. Then the program starts again. However it ended:
+// - every file is wholly the old or wholly the new one, also as the running program sees it;
+// - after a confirmed save it is the new one, and an interrupted call alone refuses nothing;
+// - no file of ours lies in the data directory, and no record is left after the start;
+// - the next save succeeds.
+// Points are run side by side, each in folders of its own.
+#include "data/line_file.h"
+#include "tests/support/crash_actions.h"
+#include "tests/support/data_folders.h"
+#include "tests/support/trace.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QMap>
+#include <QProcess>
+#include <QTextStream>
+
+#include <sys/resource.h>
+
+#include <algorithm>
+#include <atomic>
+#include <csignal>
+#include <list>
+#include <mutex>
+#include <thread>
+#include <vector>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+using Snapshot = QMap<QString, QByteArray>; ///< file name to content
+
+struct Recording {
+    QList<TracedCall> calls;
+    Snapshot before; ///< as the program sees it
+    Snapshot after;
+};
+
+enum class Demand { None, Confirm, Refuse };
+
+struct Point {
+    const CrashAction* action = nullptr;
+    const Recording* recording = nullptr;
+    QString call {}; ///< empty: the size of files is limited instead
+    QString fault {}; ///< as strace wants it
+    qint64 size_limit = -1;
+    Demand demand = Demand::None;
+};
+
+QString NameOf(const Point& point)
+{
+    return QString::fromUtf8(point.action->name) + u": "_s
+        + (point.call.isEmpty() ? u"files of at most %1 bytes"_s.arg(point.size_limit)
+                                : point.call + u' ' + point.fault);
+}
+
+Snapshot OnDisk(const DataFolders& folders)
+{
+    Snapshot snapshot;
+    for (const QString& name : folders.Names())
+        snapshot[name] = folders.Get(name);
+    return snapshot;
+}
+
+/// What ReadBytes gives of these files.
+Snapshot AsSeen(const DataFolders& folders, const QStringList& names)
+{
+    Snapshot snapshot;
+    for (const QString& name : names) {
+        if (FileExists(folders.files, name))
+            snapshot[name] = ReadBytes(folders.files, name);
+    }
+    return snapshot;
+}
+
+/// Empty, or what is wrong with a snapshot.
+QString Compare(const Snapshot& found, const Recording& recording, bool is_confirmed)
+{
+    const auto old_or_new = [&](const QString& name, const Snapshot& wanted) {
+        return found.contains(name) == wanted.contains(name)
+            && found.value(name) == wanted.value(name);
+    };
+    Snapshot all = found;
+    all.insert(recording.before);
+    all.insert(recording.after);
+    for (const QString& name : all.keys()) {
+        const bool is_new = old_or_new(name, recording.after);
+        if (is_confirmed && !is_new)
+            return name + u" is not the new one after a confirmed save"_s;
+        if (!is_new && !old_or_new(name, recording.before))
+            return name + u" is neither the old nor the new one"_s;
+    }
+    return {};
+}
+
+QStringList DriverCall(const CrashAction& action, const DataFolders& folders)
+{
+    return { QStringLiteral(CRASH_DRIVER), QString::fromUtf8(action.name),
+        folders.files.DataDirectory, folders.files.StateDirectory };
+}
+
+/// Runs one action of a program of its own, under strace unless strace_options are empty. Returns
+/// its output.
+QByteArray RunDriver(const Point& point, const DataFolders& folders, const QStringList& options)
+{
+    QProcess process;
+    process.setProcessChannelMode(QProcess::MergedChannels);
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(u"ASAN_OPTIONS"_s, u"detect_leaks=0"_s); // leaks are sought by tracing, too
+    process.setProcessEnvironment(environment);
+    if (point.size_limit >= 0) {
+        const rlim_t bytes = static_cast<rlim_t>(point.size_limit);
+        process.setChildProcessModifier([bytes] {
+            const rlimit limit { bytes, bytes };
+            ::setrlimit(RLIMIT_FSIZE, &limit);
+            ::signal(SIGXFSZ, SIG_IGN);
+        });
+    }
+    QStringList command = options.isEmpty() ? QStringList() : QStringList { u"strace"_s } + options;
+    command += DriverCall(*point.action, folders);
+    const QString program = command.takeFirst();
+    process.start(program, command);
+    if (!process.waitForFinished(60000))
+        return "hangs or does not start: " + process.errorString().toUtf8();
+    return process.readAll();
+}
+
+QStringList StraceOptions(const DataFolders& folders, const QStringList& more)
+{
+    return QStringList { u"-f"_s, u"-o"_s, folders.root.filePath(u"trace"_s) } + more;
+}
+
+QByteArray TraceOf(const DataFolders& folders)
+{
+    QFile trace(folders.root.filePath(u"trace"_s));
+    return trace.open(QIODevice::ReadOnly) ? trace.readAll() : QByteArray();
+}
+
+Recording Record(const CrashAction& action)
+{
+    Recording recording;
+    const DataFolders folders;
+    action.prepare(folders.files);
+    const QByteArray output = RunDriver(Point { &action }, folders,
+        StraceOptions(folders, { u"-y"_s, u"-e"_s, u"trace=%file,%desc"_s }));
+    if (output != "confirmed\n")
+        qFatal("%s without any fault: %s", action.name, output.constData());
+    recording.calls = CallsBetweenMarks(TraceOf(folders));
+    const QString complaint = SyncComplaint(recording.calls, folders.files.DataDirectory);
+    if (!complaint.isEmpty())
+        qFatal("%s: %s", action.name, qPrintable(complaint));
+    recording.after = OnDisk(folders);
+    const DataFolders untouched;
+    action.prepare(untouched.files);
+    recording.before = AsSeen(untouched, untouched.Names() + folders.Names());
+    return recording;
+}
+
+/// A failure to store the file or its record must never be taken for a success.
+bool IsVital(const TracedCall& call)
+{
+    return (call.name == u"pwrite64"_s || call.name == u"fsync"_s || call.name == u"ftruncate"_s)
+        && (call.path.contains(u"/daten"_s) || call.path.endsWith(u".entwurf"_s));
+}
+
+void AddPoints(const CrashAction& action, const Recording& recording, QList<Point>& points)
+{
+    const QStringList interruptible { u"openat"_s, u"read"_s, u"pwrite64"_s, u"fsync"_s,
+        u"ftruncate"_s, u"close"_s };
+    for (const TracedCall& call : recording.calls) {
+        const QString once = u":when=%1"_s.arg(call.number);
+        const QString from_then_on = once + u'+';
+        const auto add = [&](const QString& fault, Demand demand = Demand::None) {
+            points += { &action, &recording, call.name, fault, -1, demand };
+        };
+        const Demand demand = IsVital(call) ? Demand::Refuse : Demand::None;
+        add(u"signal=SIGKILL"_s + once);
+        for (const QString& error : { u"error=ENOSPC"_s, u"error=EIO"_s, u"error=EACCES"_s })
+            add(error + once, demand);
+        add(u"error=EIO"_s + from_then_on, demand);
+        if (interruptible.contains(call.name))
+            add(u"error=EINTR"_s + once, Demand::Confirm);
+        if (call.name != u"pwrite64"_s)
+            continue;
+        add(u"error=ENOSPC"_s + from_then_on, demand);
+        for (const QString& count : { u"retval=0"_s, u"retval=1"_s, u"retval=1000"_s })
+            add(count + once, demand); // says that it took so much, and took nothing
+    }
+    // Honest short writes: the system takes what fits and refuses the rest.
+    qint64 largest = 0;
+    for (const QByteArray& content : recording.after)
+        largest = std::max(largest, content.size() + 200); // a record is a little larger
+    for (qint64 limit = 0; limit <= largest; limit += std::max<qint64>(1, largest / 30))
+        points += { &action, &recording, {}, {}, limit, Demand::None };
+}
+
+/// Runs the point and starts the program again. Empty, or what is wrong.
+QString Complaint(const Point& point)
+{
+    const DataFolders folders;
+    point.action->prepare(folders.files);
+    const Recording& recording = *point.recording;
+    QStringList options;
+    if (!point.call.isEmpty()) {
+        options = StraceOptions(folders,
+            { u"-e"_s, u"trace="_s + point.call, u"-e"_s,
+                u"inject="_s + point.call + u':' + point.fault });
+    }
+    const QByteArray output = RunDriver(point, folders, options);
+    if (!point.call.isEmpty()) {
+        const QByteArray trace = TraceOf(folders);
+        if (!trace.contains("(INJECTED)") && !trace.contains("+++ killed by SIGKILL +++"))
+            return u"the point was not reached"_s;
+    }
+    const bool is_confirmed = output == "confirmed\n";
+    if (!is_confirmed && !output.startsWith("refused ") && !point.fault.contains(u"SIGKILL"_s))
+        return u"ends otherwise: "_s + QString::fromUtf8(output);
+    if ((point.demand == Demand::Confirm && !is_confirmed)
+        || (point.demand == Demand::Refuse && is_confirmed))
+        return QString::fromUtf8(output);
+
+    QStringList names = recording.before.keys() + recording.after.keys();
+    QString wrong = Compare(AsSeen(folders, names), recording, is_confirmed);
+    if (!wrong.isEmpty())
+        return u"seen by the program: "_s + wrong;
+    FinishRewrites(folders.files);
+    wrong = Compare(OnDisk(folders), recording, is_confirmed);
+    if (!wrong.isEmpty())
+        return u"after the start: "_s + wrong;
+    if (!folders.StateNames().isEmpty())
+        return u"left in the state directory: "_s + folders.StateNames().join(u' ');
+    point.action->run(folders.files);
+    if (OnDisk(folders) != recording.after)
+        return u"the next save does not give the new files"_s;
+    return {};
+}
+
+QString ComplaintOrError(const Point& point)
+{
+    try {
+        return Complaint(point);
+    } catch (const RuntimeError& error) {
+        return u"the start after it fails: "_s + ErrorHeadline(error) + u' ' + ErrorSentence(error);
+    }
+}
+
+/// Runs all points, as many at a time as there are processors. Returns the complaints.
+QStringList RunAll(const QList<Point>& points)
+{
+    std::atomic<qsizetype> next = 0;
+    std::mutex guard;
+    QStringList complaints;
+    const auto work = [&] {
+        for (qsizetype i = next++; i < points.size(); i = next++) {
+            const QString complaint = ComplaintOrError(points[i]);
+            const std::lock_guard lock(guard);
+            if (!complaint.isEmpty())
+                complaints += NameOf(points[i]) + u": "_s + complaint;
+        }
+    };
+    std::vector<std::thread> workers;
+    for (unsigned i = 0; i < std::max(2U, std::thread::hardware_concurrency()); ++i)
+        workers.emplace_back(work);
+    for (std::thread& worker : workers)
+        worker.join();
+    return complaints;
+}
+
+} // namespace
+
+int main()
+{
+    constexpr qsizetype fewest_points = 1000;
+    if (QFileInfo(u"/dev/shm"_s).isWritable())
+        qputenv("TMPDIR", "/dev/shm"); // thousands of folders, and thousands of times fsync
+    QTextStream out(stdout);
+    std::list<Recording> recordings; // points lead to them
+    QList<Point> points;
+    for (const CrashAction& action : CrashActions()) {
+        const Recording& recording = recordings.emplace_back(Record(action));
+        const qsizetype before = points.size();
+        AddPoints(action, recording, points);
+        out << action.name << ": " << recording.calls.size() << " calls, " << points.size() - before
+            << " points" << Qt::endl;
+    }
+    const QStringList complaints = RunAll(points);
+    for (const QString& complaint : complaints)
+        out << complaint << Qt::endl;
+    out << "crash-matrix: " << points.size() << " points, " << complaints.size() << " complaints"
+        << Qt::endl;
+    return complaints.isEmpty() && points.size() >= fewest_points ? 0 : 1;
+}

@@ -1,0 +1,92 @@
+#include "tests/support/crash_actions.h"
+
+#include "data/file_names.h"
+#include "data/line_file.h"
+#include "data/redo_record.h"
+#include "members/member_lists.h"
+#include "settings/ini_file.h"
+
+#include <QFile>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QByteArray old_members = "Meier;Anna;Weg 1;12345 Ort;;7;300;4;0,00;0,00;0,00;0,00;100;150;"
+                               "20;25\r\nM\xFCller;Bernd;;;;8;250;1;0,00;0,00;0,00;0,00;;;;\r\n";
+
+void Put(const DataFiles& files, const QString& name, const QByteArray& content)
+{
+    QFile file(PathOf(files, name));
+    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
+        qFatal("cannot prepare %s", qPrintable(name));
+}
+
+void NoteFor(const DataFiles& files, const QString& name, const QByteArray& content)
+{
+    if (NoteRewrite(files.StateDirectory, { NameWithin(name), content }) != 0)
+        qFatal("cannot prepare the record of %s", qPrintable(name));
+}
+
+const QString members = MembersFileName(u"2016"_s);
+const QString bank_ledger = BankLedgerFileName(u"2016"_s);
+
+QByteArray LongContent()
+{
+    return QByteArray("01.02.2016;Pacht 2016;50,00;0,00\r\n").repeated(300);
+}
+
+void PrepareNothing(const DataFiles&) { }
+void PrepareShort(const DataFiles& files) { Put(files, bank_ledger, "kurz\r\n"); }
+void PrepareLong(const DataFiles& files) { Put(files, bank_ledger, LongContent()); }
+void PrepareMembers(const DataFiles& files) { Put(files, members, old_members); }
+
+void PrepareUnfinished(const DataFiles& files)
+{
+    Put(files, bank_ledger, LongContent().left(5000));
+    NoteFor(files, bank_ledger, LongContent());
+}
+
+void PrepareSeveralUnfinished(const DataFiles& files)
+{
+    PrepareUnfinished(files);
+    NoteFor(files, members, old_members);
+}
+
+void WriteLong(const DataFiles& files) { RewriteFile(files, bank_ledger, LongContent()); }
+void WriteShort(const DataFiles& files) { RewriteFile(files, bank_ledger, "kurz\r\n"); }
+void WriteNothing(const DataFiles& files) { RewriteFile(files, bank_ledger, {}); }
+
+void ChangeMember(const DataFiles& files)
+{
+    MemberLists lists;
+    ReadMembersFile(lists, files, u"2016"_s);
+    lists.RecordList[1] = u"Müller;Bernd;Łódźer Weg 3;;;8;250;1;0,00;0,00;0,00;0,00;1;2;3;4"_s;
+    WriteMembersFile(lists, files, u"2016"_s);
+}
+
+void BeginYear(const DataFiles& files)
+{
+    MemberLists lists;
+    ReadMembersFile(lists, files, u"2016"_s);
+    lists.RecordList = RollReadingsForward(lists.RecordList, FileNameOf(members));
+    WriteMembersFile(lists, files, u"2017"_s);
+}
+
+} // namespace
+
+const QList<CrashAction>& CrashActions()
+{
+    static const QList<CrashAction> actions {
+        { "longer file", PrepareShort, WriteLong },
+        { "shorter file", PrepareLong, WriteShort },
+        { "empty file", PrepareLong, WriteNothing },
+        { "new file", PrepareNothing, WriteLong },
+        { "finishing at the start", PrepareUnfinished, FinishRewrites },
+        { "finishing several", PrepareSeveralUnfinished, FinishRewrites },
+        { "save over an unfinished one", PrepareUnfinished, WriteShort },
+        { "change a member", PrepareMembers, ChangeMember },
+        { "begin a year", PrepareMembers, BeginYear },
+    };
+    return actions;
+}
