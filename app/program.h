@@ -59,14 +59,16 @@ struct Program {
     BackupForm Backup; // the frame "Datensicherung" on the tab "Einstellungen"
 };
 
-/// Connects a control's signal to a handler inside Guard.
+/// Connects a control's signal to a handler inside Guard. The handler takes the program, and the
+/// signal's arguments if it wants them. (While Qt looks for the fitting number of arguments it
+/// tries the lambda with fewer; those are never called.)
 template <typename Sender, typename Signal, typename Handler>
 void On(Program& program, Sender* sender, Signal signal, Handler handler)
 {
     QObject::connect(sender, signal, sender, [&program, handler](auto&&... arguments) {
         if constexpr (std::is_invocable_v<Handler, Program&, decltype(arguments)...>)
             Guard(program.Errors, program.Ask, [&] { handler(program, arguments...); });
-        else
+        else if constexpr (std::is_invocable_v<Handler, Program&>)
             Guard(program.Errors, program.Ask, [&] { handler(program); });
     });
 }
