@@ -1,9 +1,364 @@
-#include "app/program.h"
+#include "statement/statement_form.h"
 
-void BuildStatementTab(Program&, QWidget*) { }
-void RebuildStatementPages(Program&) { }
-void DrawStatementPages(Program&) { }
-void SetPageFields(Program&) { }
-void NextPage(Program&) { }
-void PreviousPage(Program&) { }
-void PrintStatements(Program&) { }
+#include "app/program.h"
+#include "controls/fields.h"
+#include "data/records.h"
+#include "statement/page_preview.h"
+#include "statement/preview_paging.h"
+#include "statement/statement_pages.h"
+#include "statement/statement_printer.h"
+
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPrinter>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QScrollBar>
+#include <QShortcut>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int desk_margin = 10; // pixels beside the page: room for its shadow
+
+qsizetype MemberCount(const Program& program) { return program.Members.RecordList.size(); }
+
+BillSource SourceOf(const Program& program)
+{
+    BillSource source;
+    source.ClubName = program.ClubName;
+    source.YearText = program.Year.YearText;
+    source.LoadedYear = program.Year.LoadedYear;
+    source.Members = program.Members;
+    source.Prices = program.Prices;
+    source.Bank = program.Bank;
+    source.Today = program.Today();
+    return source;
+}
+
+// --- showing ----------------------------------------------------------------------------------
+
+/// What a screen reader says about the shown page.
+QString PageName(const Program& program)
+{
+    const qsizetype index = program.Statement.ShownPage - 1;
+    if (index >= MemberCount(program))
+        return u"Leere Seite"_s;
+    const QStringList fields = SplitRecord(program.Members.RecordList[index]);
+    return u"Abrechnung %1 %2, Seite %3 von %4"_s.arg(FieldOrEmpty(fields, FirstName),
+        FieldOrEmpty(fields, Surname), QString::number(index + 1),
+        QString::number(MemberCount(program)));
+}
+
+void ShowPage(Program& program)
+{
+    StatementForm& form = program.Preview;
+    form.Text7->setText(QString::number(program.Statement.ShownPage));
+    form.P2->setObjectName(ControlName(u"P2"_s, program.Statement.ShownPage - 1));
+    form.P2->setAccessibleName(PageName(program));
+    form.P2->move(0, TopOfShownPage(program.Statement));
+    form.P2->update();
+    form.Desk->update(); // the shadow goes with the page
+}
+
+void FitScrollBar(Program& program)
+{
+    StatementForm& form = program.Preview;
+    const ScrollRange range = ScrollRangeFor(PageHeight, form.P1->height());
+    form.VScroll1->setPageStep(qMax(1, range.large_step));
+    form.VScroll1->setRange(0, range.maximum); // a value beyond it moves the page back
+}
+
+/// Nothing is said when the fields name no pages, so they show it beforehand.
+void ShowWhatWillBePrinted(Program& program)
+{
+    const StatementForm& form = program.Preview;
+    const auto pages = static_cast<qsizetype>(program.Statement.MemberContents.size());
+    const auto range = RangeToPrint(form.Text8From->text(), form.Text8To->text(), pages);
+    TintKind tint = TintKind::None;
+    QString reason;
+    if (!range && pages > 0) {
+        tint = TintKind::Wrong;
+        reason = u"So wird nichts gedruckt: Es gibt die Seiten 1 bis %1."_s.arg(pages);
+    } else if (range && form.Option1->isChecked() && range->last - range->first + 1 < pages) {
+        tint = TintKind::Unsaved;
+        reason = u"Gedruckt werden die Seiten %1 bis %2, auch wenn „Alles“ gewählt ist."_s
+                     .arg(range->first + 1)
+                     .arg(range->last + 1);
+    }
+    for (QLineEdit* field : { form.Text8From, form.Text8To })
+        Tint(field, tint, reason);
+}
+
+// --- handlers ---------------------------------------------------------------------------------
+
+void Scrolled(Program& program, int value) // VScroll1
+{
+    ScrollShownPage(program.Statement, value);
+    ShowPage(program);
+}
+
+bool ViewportResized(Program& program, QEvent&) // P1
+{
+    FitScrollBar(program);
+    program.Preview.Desk->update();
+    return false;
+}
+
+bool FocusMoved(Program& program, QEvent&) // P1: the page's edge shows the focus
+{
+    program.Preview.Desk->update();
+    return false;
+}
+
+void AllPagesChosen(Program& program) // Option1
+{
+    if (program.Preview.Option1->isChecked())
+        program.Statement.PrintAllPages = true;
+    ShowWhatWillBePrinted(program);
+}
+
+void SinglePagesChosen(Program& program) // Option2
+{
+    if (program.Preview.Option2->isChecked())
+        program.Statement.PrintAllPages = false;
+    ShowWhatWillBePrinted(program);
+}
+
+// --- building ---------------------------------------------------------------------------------
+
+QWidget* BuildPreview(Program& program, QWidget* tab)
+{
+    StatementForm& form = program.Preview;
+    auto* desk = new PreviewDesk(tab);
+    form.Desk = desk;
+    form.VScroll1 = Named(new QScrollBar(Qt::Vertical, tab), u"VScroll1"_s);
+    form.VScroll1->setAccessibleName(u"Seite verschieben"_s);
+    form.P1 = Named(new PageViewport(desk, form.VScroll1), u"P1"_s);
+    form.P1->setAccessibleName(u"Seitenvorschau"_s);
+    form.P1->setMinimumHeight(200);
+    form.P2 = Named(new PageSurface(form.P1,
+                        [&program] {
+                            const qsizetype index = program.Statement.ShownPage - 1;
+                            return ContentsOfPage(program.Statement, index);
+                        }),
+        u"P2"_s, 0);
+    desk->Page = form.P2;
+
+    auto* row = new QHBoxLayout(desk);
+    row->setContentsMargins(desk_margin, 0, desk_margin, 0);
+    row->addStretch();
+    row->addWidget(form.P1);
+    row->addStretch();
+    return desk;
+}
+
+/// A field for a page number stays as narrow as its five digits.
+QLineEdit* KeepNarrow(QLineEdit* field)
+{
+    field->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
+    field->setMaximumWidth(field->minimumWidth());
+    return field;
+}
+
+QLineEdit* DisplayField(QWidget* parent, const QString& name, const QString& caption)
+{
+    return KeepNarrow(Named(MakeField(parent, FieldKind::DisplayOnly, 6, caption), name));
+}
+
+QWidget* BuildPagesFrame(Program& program, QWidget* tab)
+{
+    StatementForm& form = program.Preview;
+    auto* frame = Named(new QGroupBox(u"Seiten"_s, tab), u"Frame11"_s, 1);
+    form.Text7 = DisplayField(frame, u"Text7"_s, u"Angezeigte Seite"_s);
+    form.Text9 = DisplayField(frame, u"Text9"_s, u"Gesamtseitenzahl"_s);
+    form.Command9Previous = Named(new QPushButton(u"◀ Vorherige"_s, frame), u"Command9"_s, 1);
+    form.Command9Previous->setAccessibleName(u"Vorherige Seite"_s);
+    form.Command9Previous->setToolTip(u"Vorherige Seite (Alt+Bild auf)"_s);
+    form.Command9Next = Named(new QPushButton(u"Nächste ▶"_s, frame), u"Command9"_s, 0);
+    form.Command9Next->setAccessibleName(u"Nächste Seite"_s);
+    form.Command9Next->setToolTip(u"Nächste Seite (Alt+Bild ab)"_s);
+
+    auto* grid = new QGridLayout(frame);
+    grid->setSpacing(FrameSpacing);
+    grid->addWidget(MakeCaption(frame, u"Angezeigte Seite"_s, form.Text7), 0, 0);
+    grid->addWidget(form.Text7, 0, 1);
+    grid->addWidget(MakeCaption(frame, u"Gesamtseitenzahl"_s, form.Text9), 1, 0);
+    grid->addWidget(form.Text9, 1, 1);
+    grid->setColumnStretch(2, 1);
+    auto* buttons = new QHBoxLayout;
+    buttons->setSpacing(FrameSpacing);
+    buttons->addWidget(form.Command9Previous);
+    buttons->addWidget(form.Command9Next);
+    grid->addLayout(buttons, 2, 0, 1, 3);
+    return frame;
+}
+
+QLineEdit* PageNumberField(QWidget* parent, int index, const QString& accessible_name)
+{
+    auto* field = Named(MakeField(parent, FieldKind::Text, 6, accessible_name), u"Text8"_s, index);
+    field->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    field->setToolTip(u"Gedruckt wird immer von dieser bis zu dieser Seite."_s);
+    return KeepNarrow(field);
+}
+
+QWidget* BuildPrintFrame(Program& program, QWidget* tab)
+{
+    StatementForm& form = program.Preview;
+    auto* frame = Named(new QGroupBox(u"Drucken"_s, tab), u"Frame11"_s, 0);
+    form.Option1 = Named(new QRadioButton(u"Alles"_s, frame), u"Option1"_s);
+    form.Option2 = Named(new QRadioButton(u"Seiten"_s, frame), u"Option2"_s);
+    for (QRadioButton* option : { form.Option1, form.Option2 })
+        option->setToolTip(u"Gedruckt wird in beiden Fällen von Seite – bis Seite."_s);
+    form.Option2->setChecked(true); // the page numbers always decide
+    form.Text8From = PageNumberField(frame, 0, u"Drucken von Seite"_s);
+    form.Text8From->setText(u"1"_s);
+    form.Text8To = PageNumberField(frame, 1, u"Drucken bis Seite"_s);
+    form.Command6 = Named(new QPushButton(u"Drucken"_s, frame), u"Command6"_s);
+    form.Command6->setToolTip(u"Druckt die Abrechnungen (Strg+P)"_s);
+
+    auto* options = new QHBoxLayout;
+    options->setSpacing(TabSpacing);
+    options->addWidget(form.Option1);
+    options->addWidget(form.Option2);
+    options->addStretch();
+    auto* pages = new QHBoxLayout;
+    pages->setSpacing(FrameSpacing);
+    pages->addWidget(MakeCaption(frame, u"Seite"_s, form.Text8From));
+    pages->addWidget(form.Text8From);
+    pages->addWidget(new QLabel(u"–"_s, frame));
+    pages->addWidget(form.Text8To);
+    pages->addStretch();
+    auto* column = new QVBoxLayout(frame);
+    column->setSpacing(FrameSpacing);
+    column->addLayout(options);
+    column->addLayout(pages);
+    column->addWidget(form.Command6);
+    return frame;
+}
+
+/// Keys that work wherever the focus is on the tab.
+void BuildKeys(Program& program, QWidget* tab)
+{
+    const auto key = [&](int keys, auto routine) {
+        auto* shortcut = new QShortcut(QKeySequence(keys), tab);
+        shortcut->setContext(Qt::WidgetWithChildrenShortcut);
+        On(program, shortcut, &QShortcut::activated, routine);
+    };
+    key(Qt::Key_PageUp,
+        [](Program& p) { p.Preview.VScroll1->triggerAction(QScrollBar::SliderPageStepSub); });
+    key(Qt::Key_PageDown,
+        [](Program& p) { p.Preview.VScroll1->triggerAction(QScrollBar::SliderPageStepAdd); });
+    key(static_cast<int>(Qt::ALT) | Qt::Key_PageUp, PreviousPage);
+    key(static_cast<int>(Qt::ALT) | Qt::Key_PageDown, NextPage);
+}
+
+void ConnectHandlers(Program& program)
+{
+    const StatementForm& form = program.Preview;
+    On(program, form.VScroll1, &QScrollBar::valueChanged, Scrolled);
+    OnEvent(program, form.P1, QEvent::Resize, ViewportResized);
+    OnEvent(program, form.P1, QEvent::FocusIn, FocusMoved);
+    OnEvent(program, form.P1, QEvent::FocusOut, FocusMoved);
+    On(program, form.Command9Next, &QPushButton::clicked, NextPage);
+    On(program, form.Command9Previous, &QPushButton::clicked, PreviousPage);
+    On(program, form.Option1, &QRadioButton::clicked, AllPagesChosen);
+    On(program, form.Option2, &QRadioButton::clicked, SinglePagesChosen);
+    On(program, form.Text8From, &QLineEdit::textChanged, ShowWhatWillBePrinted);
+    On(program, form.Text8To, &QLineEdit::textChanged, ShowWhatWillBePrinted);
+    On(program, form.Command6, &QPushButton::clicked, PrintStatements);
+}
+
+} // namespace
+
+void BuildStatementTab(Program& program, QWidget* tab)
+{
+    StatementForm& form = program.Preview;
+    QWidget* preview = BuildPreview(program, tab);
+    auto* side = new QWidget(tab);
+    side->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Preferred);
+    auto* column = new QVBoxLayout(side);
+    column->setContentsMargins(TabSpacing, TabSpacing, TabSpacing, TabSpacing);
+    column->setSpacing(TabSpacing);
+    column->addWidget(BuildPagesFrame(program, side));
+    column->addWidget(BuildPrintFrame(program, side));
+    column->addStretch();
+
+    auto* row = new QHBoxLayout(tab);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(0);
+    row->addWidget(preview, 1);
+    row->addWidget(form.VScroll1);
+    row->addWidget(side);
+
+    if (!form.ShowPrintDialog)
+        form.ShowPrintDialog = [tab](QPrinter& printer) { return AskForPrinter(printer, tab); };
+    BuildKeys(program, tab);
+    ConnectHandlers(program);
+}
+
+void SetPageFields(Program& program)
+{
+    const QString pages = QString::number(MemberCount(program));
+    program.Preview.Text8To->setText(pages);
+    program.Preview.Text9->setText(pages);
+}
+
+void DrawStatementPages(Program& program)
+{
+    program.Statement.StatementTotals.clear(); // whoever redraws wants the totals of this drawing
+    try {
+        DrawAllPages(program.Statement, SourceOf(program));
+    } catch (const RuntimeError& error) {
+        // Reported here, so that the callers go on and never leave the year half loaded.
+        ReportError(program.Errors, program.Ask, error);
+    }
+    FitScrollBar(program);
+    ShowWhatWillBePrinted(program);
+    ShowPage(program);
+}
+
+void RebuildStatementPages(Program& program)
+{
+    RebuildPreview(program.Statement, MemberCount(program));
+    SetPageFields(program);
+    DrawStatementPages(program);
+}
+
+void NextPage(Program& program) // Command9(0)
+{
+    StepToNextPage(program.Statement, MemberCount(program));
+    ShowPage(program);
+}
+
+void PreviousPage(Program& program) // Command9(1)
+{
+    StepToPreviousPage(program.Statement);
+    ShowPage(program);
+}
+
+void PrintStatements(Program& program) // Command6
+{
+    const StatementForm& form = program.Preview;
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setDocName(u"Abrechnung Kleingarten "_s + program.Year.YearText);
+    printer.setCreator(u"Kleingarten Parzello"_s);
+    printer.setDuplex(QPrinter::DuplexNone); // one sheet per bill, unless the dialog says otherwise
+    if (!form.ShowPrintDialog(printer))
+        return;
+    const auto pages = static_cast<qsizetype>(program.Statement.MemberContents.size());
+    const auto range = RangeToPrint(form.Text8From->text(), form.Text8To->text(), pages);
+    if (!range)
+        return; // nothing is printed, and nothing is said
+    SetUpPrinter(printer);
+    try {
+        PrintStatementPages(printer, program.Statement, *range, form.P1->window());
+    } catch (const RuntimeError&) {
+        // A print run that fails ends without a word.
+    }
+}

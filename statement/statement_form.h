@@ -3,6 +3,8 @@
 
 #include "statement/statement_state.h"
 
+#include <functional>
+
 class QLabel;
 class QLineEdit;
 class QPrinter;
@@ -14,6 +16,8 @@ struct Program;
 
 struct StatementForm {
     QWidget* P1 = nullptr; ///< viewport that shows one page surface
+    QWidget* P2 = nullptr; ///< the shown page surface, named P2(index)
+    QWidget* Desk = nullptr; ///< the grey ground on which the page lies
     QScrollBar* VScroll1 = nullptr;
     QLineEdit* Text7 = nullptr; ///< "Angezeigte Seite"
     QLineEdit* Text9 = nullptr; ///< "Gesamtseitenzahl"
@@ -24,6 +28,9 @@ struct StatementForm {
     QLineEdit* Text8From = nullptr; ///< Text8(0)
     QLineEdit* Text8To = nullptr; ///< Text8(1)
     QPushButton* Command6 = nullptr; ///< "Drucken"
+
+    /// Lets the user set up the printer; false ends the print run. Tests put a printer file here.
+    std::function<bool(QPrinter&)> ShowPrintDialog;
 };
 
 void BuildStatementTab(Program& program, QWidget* tab);
@@ -31,9 +38,9 @@ void BuildStatementTab(Program& program, QWidget* tab);
 /// One page per member, page 1 shown, page fields set; draws all pages.
 void RebuildStatementPages(Program& program);
 
-/// Redraws every page and the totals list from the member lists and settings in memory. Errors of
-/// bad records or numbers are reported here and callers go on: one new member never leaves the year
-/// half loaded.
+/// Clears the totals list and redraws every page from the member lists and settings in memory.
+/// Errors of bad records or numbers are reported here and callers go on: one new member never
+/// leaves the year half loaded.
 void DrawStatementPages(Program& program);
 
 /// Text9 and Text8(1) show the number of members.

@@ -17,6 +17,7 @@ struct StatementState {
     QString PageSelection; ///< flags joined with ";"; always empty when printing starts
     qint16 ShownPage = 1; ///< 1 is the first page
     qint32 ScrollOffset = 0; ///< viewport pixels, 0 or negative
-    std::vector<qint32> PageTops; ///< top of each page surface in the viewport
+    std::vector<qint32> PageTops { 0 }; ///< top of each page surface in the viewport; the first
+                                        ///< surface is always there
     bool PrintAllPages = false; ///< kept, read nowhere
 };

@@ -1,0 +1,177 @@
+#include "statement/page_player.h"
+
+#include <QFont>
+#include <QGlyphRun>
+#include <QMap>
+#include <QPainter>
+#include <QRawFont>
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Points to page pixels at 96 dots per inch, rounded as the desktop does: 8 to 11, 14 to 19.
+int PixelSize(int point_size) { return (point_size * 96 + 36) / 72; }
+
+int Rounded(double value) { return static_cast<int>(std::floor(value + 0.5)); }
+
+QFont ArialFont(bool bold)
+{
+    QFont font(u"Arial"_s);
+    font.setBold(bold);
+    font.setKerning(false);
+    font.setStyleStrategy(QFont::PreferAntialias);
+    return font;
+}
+
+/// Arial in one weight, one pixel per design unit: advances are exact.
+QRawFont DesignFont(bool bold)
+{
+    QFont font = ArialFont(bold);
+    font.setPixelSize(1000);
+    font.setHintingPreference(QFont::PreferNoHinting);
+    QRawFont design = QRawFont::fromFont(font);
+    design.setPixelSize(design.unitsPerEm());
+    return design;
+}
+
+/// The font that is drawn with. Upright stems stay where the widths put them, only horizontal ones
+/// snap to pixels.
+QRawFont DrawnFont(bool bold, double pixel_size)
+{
+    QFont font = ArialFont(bold);
+    font.setPixelSize(Rounded(pixel_size));
+    font.setHintingPreference(QFont::PreferVerticalHinting);
+    QRawFont drawn = QRawFont::fromFont(font);
+    drawn.setPixelSize(pixel_size);
+    return drawn;
+}
+
+/// The glyphs of a text and where each begins, in page pixels from the text's left end.
+struct LaidOutText {
+    QVector<quint32> glyphs;
+    QVector<int> offsets;
+    int width = 0;
+};
+
+LaidOutText LayOut(const QString& text, const QRawFont& design, int pixel_size)
+{
+    LaidOutText laid_out;
+    QString visible = text;
+    visible.removeIf([](QChar c) { return c.category() == QChar::Other_Control; });
+    laid_out.glyphs = design.glyphIndexesForString(visible);
+    const QVector<QPointF> advances
+        = design.advancesForGlyphIndexes(laid_out.glyphs, QRawFont::UseDesignMetrics);
+    for (const QPointF& advance : advances) {
+        laid_out.offsets += laid_out.width;
+        laid_out.width += Rounded(advance.x() * pixel_size / design.unitsPerEm());
+    }
+    return laid_out;
+}
+
+/// Draws the items of one page. Fonts are looked up once per size and weight.
+struct Player {
+    QPainter& painter;
+    double scale;
+    QRawFont designs[2] {}; ///< regular, bold
+    QMap<std::pair<int, bool>, QRawFont> fonts {}; ///< by pixel size and weight
+
+    const QRawFont& Design(bool bold)
+    {
+        QRawFont& design = designs[bold ? 1 : 0];
+        if (!design.isValid())
+            design = DesignFont(bold);
+        return design;
+    }
+
+    const QRawFont& Drawn(int pixel_size, bool bold)
+    {
+        QRawFont& font = fonts[{ pixel_size, bold }];
+        if (!font.isValid())
+            font = DrawnFont(bold, pixel_size * scale);
+        return font;
+    }
+
+    /// Draws the text but its first hidden characters, which the next text covers.
+    void Draw(const PageText& text, qsizetype hidden)
+    {
+        const int pixel_size = PixelSize(text.point_size);
+        const QRawFont& design = Design(text.bold);
+        const LaidOutText laid_out = LayOut(text.text, design, pixel_size);
+        const int left = text.right_aligned ? text.x - laid_out.width : text.x;
+        const int baseline = text.y + Rounded(design.ascent() * pixel_size / design.unitsPerEm());
+
+        QVector<QPointF> positions;
+        for (int offset : laid_out.offsets.mid(hidden))
+            positions += QPointF((left + offset) * scale, baseline * scale);
+        QGlyphRun run;
+        run.setRawFont(Drawn(pixel_size, text.bold));
+        run.setGlyphIndexes(laid_out.glyphs.mid(hidden));
+        run.setPositions(positions);
+        painter.setPen(text.colour == PageColour::DarkRed ? QColor(192, 0, 0) : QColor(Qt::black));
+        painter.drawGlyphRun(QPointF(0, 0), run);
+    }
+
+    /// Lines are one page pixel wide and begin on a whole dot of the device.
+    void Draw(const PageLine& line)
+    {
+        const int width = std::max(1, Rounded(scale));
+        const int left = Rounded(line.x1 * scale);
+        const int top = Rounded(line.y1 * scale);
+        painter.fillRect(QRect(left, top, Rounded(line.x2 * scale) - left + width,
+                             Rounded(line.y2 * scale) - top + width),
+            Qt::black);
+    }
+
+    void Draw(const PageBox& box)
+    {
+        Draw(PageLine { box.x1, box.y1, box.x2, box.y1 });
+        Draw(PageLine { box.x1, box.y2, box.x2, box.y2 });
+        Draw(PageLine { box.x1, box.y1, box.x1, box.y2 });
+        Draw(PageLine { box.x2, box.y1, box.x2, box.y2 });
+    }
+};
+
+/// "IBAN" and "BIC" are printed in red exactly over their black selves. Smoothed edges would let
+/// the black shine through, so characters that the next text prints over are left out.
+qsizetype CoveredCharacters(const PageText& text, const PageItems& items, std::size_t next)
+{
+    const auto* over = next < items.size() ? std::get_if<PageText>(&items[next]) : nullptr;
+    if (over == nullptr || over->colour == text.colour || over->right_aligned || text.right_aligned
+        || over->x != text.x || over->y != text.y || over->bold != text.bold
+        || over->point_size != text.point_size || !text.text.startsWith(over->text))
+        return 0;
+    return over->text.size();
+}
+
+} // namespace
+
+void PlayPage(QPainter& painter, const PageItems& items, double scale)
+{
+    painter.save();
+    Player player { painter, scale };
+    for (std::size_t i = 0; i < items.size(); ++i) {
+        if (const auto* text = std::get_if<PageText>(&items[i]))
+            player.Draw(*text, CoveredCharacters(*text, items, i + 1));
+        else if (const auto* line = std::get_if<PageLine>(&items[i]))
+            player.Draw(*line);
+        else
+            player.Draw(std::get<PageBox>(items[i]));
+    }
+    painter.restore();
+}
+
+int TextWidth(const PageText& text)
+{
+    const int pixel_size = PixelSize(text.point_size);
+    return LayOut(text.text, DesignFont(text.bold), pixel_size).width;
+}
+
+int TextLeft(const PageText& text)
+{
+    return text.right_aligned ? text.x - TextWidth(text) : text.x;
+}

@@ -1,0 +1,177 @@
+#include "statement/statement_printer.h"
+
+#include "data/runtime_error.h"
+#include "statement/page_player.h"
+#include "statement/statement_pages.h"
+
+#include <QGroupBox>
+#include <QGuiApplication>
+#include <QPainter>
+#include <QPrintDialog>
+#include <QPrinter>
+#include <QProgressDialog>
+
+#include <limits>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int dots_per_inch = 300;
+constexpr double himetric_per_inch = 2540.0;
+constexpr double page_dots_per_inch = 96.0;
+constexpr int dot_mode = 3; // scale mode of the printer: dots
+constexpr qsizetype long_run = 50; // pages; shorter runs take less than a second
+
+/// The user does not want the remaining pages.
+struct PrintCancelled { };
+
+/// The progress box of a long run.
+class Progress {
+public:
+    Progress(const PageRange& range, QWidget* window)
+        : m_box({}, u"Abbrechen"_s, 0, static_cast<int>(range.last - range.first + 1), window)
+        , m_first(range.first)
+    {
+        const bool shown = m_box.maximum() >= long_run;
+        m_box.setObjectName(u"PrintProgress"_s);
+        m_box.setWindowTitle(u"Drucken"_s);
+        m_box.setWindowModality(Qt::WindowModal);
+        m_box.setMinimumDuration(shown ? 0 : std::numeric_limits<int>::max());
+        m_box.setLabelText(Label(0)); // the box is as wide as its longest text from the start
+        QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+    }
+    ~Progress() { QGuiApplication::restoreOverrideCursor(); }
+    Progress(const Progress&) = delete;
+    Progress& operator=(const Progress&) = delete;
+
+    void Show(qsizetype page)
+    {
+        const int done = static_cast<int>(page - m_first);
+        m_box.setLabelText(Label(done));
+        m_box.setValue(done);
+    }
+
+    bool Cancelled() const { return m_box.wasCanceled(); }
+
+private:
+    QString Label(int done) const
+    {
+        return u"Seite %1 von %2 wird gedruckt …"_s.arg(done + 1).arg(m_box.maximum());
+    }
+
+    QProgressDialog m_box;
+    qsizetype m_first;
+};
+
+struct Run {
+    QPrinter& printer;
+    const StatementState& statement;
+    Progress progress;
+    QPainter painter {};
+};
+
+double Convert(const QPrinter& printer, double length, int from_mode, int to_mode)
+{
+    const double inches
+        = length / (from_mode == HimetricMode ? himetric_per_inch : printer.resolution());
+    return inches * (to_mode == HimetricMode ? himetric_per_inch : printer.resolution());
+}
+
+void PaintPage(Run& run, qsizetype index, double left, double top, double width)
+{
+    if (!run.painter.isActive() && !run.painter.begin(&run.printer))
+        throw RuntimeError { ErrorKind::File, {}, u"Der Drucker ist nicht bereit"_s };
+    run.progress.Show(index);
+    const PageContents contents = ContentsOfPage(run.statement, index);
+    run.painter.save();
+    run.painter.translate(left, top);
+    for (const PageItems* items : { contents.fixed, contents.member }) {
+        if (items != nullptr)
+            PlayPage(run.painter, *items, width / PageWidth);
+    }
+    run.painter.restore();
+}
+
+void BeginSheet(Run& run)
+{
+    if (run.progress.Cancelled())
+        throw PrintCancelled {};
+    if (!run.painter.isActive() && !run.painter.begin(&run.printer))
+        throw RuntimeError { ErrorKind::File, {}, u"Der Drucker ist nicht bereit"_s };
+    if (!run.printer.newPage())
+        throw RuntimeError { ErrorKind::File, {}, u"Der Drucker ist nicht bereit"_s };
+}
+
+PrintDevice DeviceOf(Run& run)
+{
+    PrintDevice device;
+    QPrinter& printer = run.printer;
+    const auto convert = [&printer](double length, int from_mode, int to_mode) {
+        return Convert(printer, length, from_mode, to_mode);
+    };
+    device.SetOrientation = [&printer](int orientation) {
+        printer.setPageOrientation(
+            orientation == 2 ? QPageLayout::Landscape : QPageLayout::Portrait);
+    };
+    device.ScaleWidth = [&printer] { return printer.pageRect(QPrinter::DevicePixel).width(); };
+    device.ScaleHeight = [&printer] { return printer.pageRect(QPrinter::DevicePixel).height(); };
+    device.ScaleMode = [] { return dot_mode; };
+    device.ScaleX = convert;
+    device.ScaleY = convert;
+    device.PaintPicture = [&run](qsizetype index, double left, double top, double width, double) {
+        PaintPage(run, index, left, top, width);
+    };
+    device.NewPage = [&run] { BeginSheet(run); };
+    device.EndDoc = [&run] { run.painter.end(); };
+    return device;
+}
+
+} // namespace
+
+void PreparePrintDialog(QPrintDialog& dialog)
+{
+    dialog.setWindowTitle(u"Drucken"_s);
+    dialog.setOptions(QAbstractPrintDialog::PrintToFile | QAbstractPrintDialog::PrintShowPageSize);
+    // The dialog shows its range frame again whatever its options say; below a hidden parent it
+    // stays away.
+    if (auto* range = dialog.findChild<QWidget*>(u"gbPrintRange"_s)) {
+        auto* hidden = new QWidget(&dialog);
+        hidden->hide();
+        range->setParent(hidden);
+    }
+}
+
+bool AskForPrinter(QPrinter& printer, QWidget* window)
+{
+    QPrintDialog dialog(&printer, window);
+    PreparePrintDialog(dialog);
+    return dialog.exec() == QDialog::Accepted;
+}
+
+void SetUpPrinter(QPrinter& printer)
+{
+    printer.setPageOrientation(QPageLayout::Portrait);
+    printer.setPageSize(QPageSize(QPageSize::A4));
+    printer.setResolution(dots_per_inch);
+    const QPageLayout layout = printer.pageLayout();
+    printer.setPageMargins(layout.minimumMargins(), layout.units());
+}
+
+void PrintStatementPages(
+    QPrinter& printer, const StatementState& statement, const PageRange& range, QWidget* window)
+{
+    PrintJob job;
+    job.picture = PictureSize { PageWidth * himetric_per_inch / page_dots_per_inch,
+        PageHeight * himetric_per_inch / page_dots_per_inch };
+    job.surfaces = static_cast<qsizetype>(statement.MemberContents.size());
+    job.page_selection = statement.PageSelection;
+    job.first = range.first;
+    job.last = range.last;
+    Run run { printer, statement, Progress(range, window) };
+    try {
+        PrintPictureToPage(DeviceOf(run), job);
+    } catch (const PrintCancelled&) {
+        // The user ended the run; the painter ends the document behind the last whole page.
+    }
+}
