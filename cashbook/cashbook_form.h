@@ -1,8 +1,7 @@
 // The tab "Kontoführung": ledger view, entry form, shortcut lists.
 #pragma once
 
-#include <QString>
-#include <QStringList>
+#include "cashbook/ledger.h"
 
 #include <array>
 
@@ -14,22 +13,6 @@ class QPushButton;
 class QTableView;
 class QWidget;
 struct Program;
-
-/// The two ledgers and what the entry form stands at.
-struct CashBookState {
-    QStringList BankLedger; ///< List5: lines as in the file
-    QStringList CashBoxLedger; ///< List8
-    bool CashBoxIsCurrent
-        = false; ///< which of the two CurrentLedger refers to; follows the caption of Command15
-    QString LedgerFileName; ///< name of the current account's file
-    bool LedgerReloadPending = false;
-    bool LedgerWithoutHistory = false;
-    bool LedgerEditMode = false;
-    qint16 SelectedLedgerRow = 0; ///< 1 is the first row; 0: none
-    bool LedgerChanged = false; ///< applied or deleted since the tab guard last asked
-    bool BankUnsaved = false; ///< bookings of the bank account that are not in its file yet
-    bool CashBoxUnsaved = false;
-};
 
 struct CashBookForm {
     QLabel* Label21 = nullptr; ///< account title

@@ -29,13 +29,13 @@ RuntimeError TooLong(const QString& file, qsizetype line, const QString& remedy)
     return { ErrorKind::Overflow, where, {} };
 }
 
-void CheckLine(const QString& file, qsizetype line, qsizetype length)
+void CheckLine(const QString& file, qsizetype line, qsizetype length, qsizetype most_lines)
 {
-    if (line > MostLines) {
+    if (line > most_lines) {
         throw TooLong(file, line,
             QStringLiteral("Mehr als %1 Zeilen kann das Programm nicht führen. Bitte prüfen, ob "
                            "die Datei beschädigt ist.")
-                .arg(GermanCount(MostLines)));
+                .arg(GermanCount(most_lines)));
     }
     if (length > LongestLine) {
         throw TooLong(file, line,
@@ -77,13 +77,13 @@ QByteArray ReadBytes(const DataFiles& files, const QString& name)
     return content;
 }
 
-QStringList ReadLines(const DataFiles& files, const QString& name)
+QStringList ReadLines(const DataFiles& files, const QString& name, qsizetype most_lines)
 {
     const QByteArray content = ReadBytes(files, name);
     QStringList lines;
     for (qsizetype begin = 0; begin < content.size();) {
         const qsizetype end = EndOfLine(content, begin);
-        CheckLine(FileNameOf(name), lines.size() + 1, end - begin);
+        CheckLine(FileNameOf(name), lines.size() + 1, end - begin, most_lines);
         lines += DecodeAnsi(content.mid(begin, end - begin));
         begin = end + line_end.size();
     }
@@ -94,7 +94,7 @@ QString ReadFirstLine(const DataFiles& files, const QString& name)
 {
     const QByteArray content = ReadBytes(files, name);
     const qsizetype end = EndOfLine(content, 0);
-    CheckLine(FileNameOf(name), 1, end);
+    CheckLine(FileNameOf(name), 1, end, MostLines);
     return DecodeAnsi(content.left(end));
 }
 
@@ -106,9 +106,10 @@ QByteArray BytesOfLines(const QStringList& lines)
     return content;
 }
 
-void RewriteLines(const DataFiles& files, const QString& name, const QStringList& lines)
+void RewriteLines(
+    const DataFiles& files, const QString& name, const QStringList& lines, qsizetype most_lines)
 {
     for (qsizetype i = 0; i < lines.size(); ++i)
-        CheckLine(FileNameOf(name), i + 1, lines[i].size());
+        CheckLine(FileNameOf(name), i + 1, lines[i].size(), most_lines);
     RewriteFile(files, name, BytesOfLines(lines));
 }

@@ -25,8 +25,9 @@ constexpr qsizetype LongestLine = 32767;
 
 /// The lines of a file: a line ends at CR LF (not part of the line), the last one may lack it; an
 /// empty file has none. A lone CR or LF belongs to its line. Throws RuntimeError (File; Overflow
-/// beyond MostLines or LongestLine).
-QStringList ReadLines(const DataFiles& files, const QString& name);
+/// beyond most_lines or LongestLine).
+QStringList ReadLines(
+    const DataFiles& files, const QString& name, qsizetype most_lines = MostLines);
 
 /// The first line alone, whatever follows; empty for an empty file. Throws like ReadLines.
 QString ReadFirstLine(const DataFiles& files, const QString& name);
@@ -36,4 +37,5 @@ QByteArray BytesOfLines(const QStringList& lines);
 
 /// RewriteFile with BytesOfLines. Throws RuntimeError Overflow, and changes nothing, for what
 /// ReadLines would refuse.
-void RewriteLines(const DataFiles& files, const QString& name, const QStringList& lines);
+void RewriteLines(const DataFiles& files, const QString& name, const QStringList& lines,
+    qsizetype most_lines = MostLines);

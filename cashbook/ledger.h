@@ -1,0 +1,46 @@
+// The two ledgers in memory and what "OK" and "Löschen" do to their lines. How a booking is typed
+// is the business of booking_entry, files that of ledger_file, the view that of ledger_rows.
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+/// The two ledgers and what the entry form stands at.
+struct CashBookState {
+    QStringList BankLedger; ///< List5: lines as in the file
+    QStringList CashBoxLedger; ///< List8
+    bool CashBoxIsCurrent
+        = false; ///< which of the two CurrentLedger refers to; follows the caption of Command15
+    QString LedgerFileName; ///< name of the current account's file
+    bool LedgerReloadPending = false;
+    bool LedgerWithoutHistory = false;
+    bool LedgerEditMode = false;
+    int SelectedLedgerRow = 0; ///< 1 is the first row; 0: none. Wider than 16 bits: rows beyond
+                               ///< 32,767 are bookings too
+    bool LedgerChanged = false; ///< applied or deleted since the tab guard last asked
+    bool BankUnsaved = false; ///< bookings of the bank account that are not in its file yet
+    bool CashBoxUnsaved = false;
+    bool BankUnread = false; ///< the last load of the bank account failed: its list is not its file
+    bool CashBoxUnread = false;
+};
+
+/// The list of the shown account.
+QStringList& CurrentLedger(CashBookState& book);
+const QStringList& CurrentLedger(const CashBookState& book);
+
+/// The marks of the shown account.
+bool& CurrentUnsaved(CashBookState& book);
+bool& CurrentUnread(CashBookState& book);
+
+/// Position of the line that the next "OK" replaces, -1 when it appends: none outside edit mode;
+/// the only line of a ledger whatever row was selected; nothing for a position past the end.
+int LineToReplace(const CashBookState& book);
+
+/// "OK": the line is appended, or replaces LineToReplace; in edit mode all other lines become their
+/// first four fields. Ends edit mode, selects no row, marks the ledger as changed and unsaved.
+void ApplyEntry(CashBookState& book, const QString& line);
+
+/// "Löschen": removes the selected line; edit mode and selection stay as they are, so that the next
+/// "OK" replaces the line that moved up. Throws RuntimeError InvalidIndex, and changes nothing,
+/// when no line is selected.
+void DeleteEntry(CashBookState& book);

@@ -1,0 +1,85 @@
+#include "cashbook/ledger_rows.h"
+
+#include "cashbook/texts.h"
+#include "data/dates.h"
+#include "data/german_numbers.h"
+#include "data/records.h"
+
+#include <cmath>
+
+namespace {
+
+const QString amount_format = QStringLiteral("#0.00 €");
+const QString balance_format = QStringLiteral("0.00 €");
+
+/// Most amounts of a ledger are "0,00"; they need no reading.
+ParsedSingle ReadAmount(const QString& text)
+{
+    static const QString nothing = QStringLiteral("0,00");
+    return text == nothing ? ParsedSingle { NumberOutcome::Ok, 0.0F } : ParseSingle(text);
+}
+
+/// The new balance in single precision, or false when the amount cannot be counted.
+bool Step(float& balance, const QString& amount_text, float (*step)(float, float))
+{
+    const ParsedSingle amount = ReadAmount(amount_text);
+    if (amount.outcome != NumberOutcome::Ok)
+        return false;
+    const float stepped = step(balance, amount.value);
+    if (!std::isfinite(stepped))
+        return false;
+    balance = stepped;
+    return true;
+}
+
+float Raised(float balance, float deposit) { return deposit + balance; }
+float Lowered(float balance, float withdrawal) { return balance - withdrawal; }
+
+} // namespace
+
+CountedAmounts AddToBalance(float& balance, const QString& line)
+{
+    const QStringList fields = SplitRecord(line);
+    CountedAmounts counted;
+    counted.deposit = Step(balance, FieldOrEmpty(fields, Deposit), Raised);
+    counted.withdrawal = Step(balance, FieldOrEmpty(fields, Withdrawal), Lowered);
+    return counted;
+}
+
+LedgerRows MakeLedgerRows(const QStringList& ledger)
+{
+    LedgerRows rows;
+    rows.lines = ledger;
+    rows.balances.reserve(static_cast<std::size_t>(ledger.size()));
+    rows.counted.reserve(static_cast<std::size_t>(ledger.size()));
+    float balance = 0.0F;
+    for (const QString& line : ledger) {
+        rows.counted.push_back(AddToBalance(balance, line));
+        rows.balances.push_back(balance);
+    }
+    return rows;
+}
+
+LedgerRow RowAt(const LedgerRows& rows, qsizetype position)
+{
+    const QStringList fields = SplitRecord(rows.lines[position]);
+    const auto index = static_cast<std::size_t>(position);
+    LedgerRow row;
+    row.key = RowKeyBegin + QString::number(position + 1);
+    row.date = FormatDateText(FieldOrEmpty(fields, BookingDate));
+    row.text = FieldOrEmpty(fields, BookingText);
+    row.deposit = FormatText(FieldOrEmpty(fields, Deposit), amount_format);
+    row.withdrawal = FormatText(FieldOrEmpty(fields, Withdrawal), amount_format);
+    row.balance = FormatNumber(rows.balances[index], amount_format);
+    row.counted = rows.counted[index];
+    return row;
+}
+
+float ClosingBalance(const LedgerRows& rows)
+{
+    return rows.balances.empty() ? 0.0F : rows.balances.back();
+}
+
+QString CurrentBalanceText(float balance) { return FormatNumber(balance, balance_format); }
+
+bool ShowsBelowZero(const QString& amount_text) { return amount_text.startsWith(QLatin1Char('-')); }

@@ -1,0 +1,45 @@
+#include "cashbook/member_marks.h"
+
+#include "cashbook/texts.h"
+#include "data/file_names.h"
+#include "data/records.h"
+
+namespace {
+
+QString SurnameOf(const QString& name) { return name.section(QLatin1Char(','), 0, 0); }
+
+/// The texts of all statement payments in one. No surname and no text contains ";", so a surname
+/// found in it stands within one of the texts.
+QString StatementTexts(const QStringList& ledger)
+{
+    QString texts;
+    for (const QString& line : ledger) {
+        const QString text = FieldOrEmpty(SplitRecord(line), BookingText);
+        if (text.contains(StatementWord))
+            texts += text + QLatin1Char(';');
+    }
+    return texts;
+}
+
+} // namespace
+
+QStringList OverviewRows(const DataFiles& files, const QStringList& names, const QString& year_text)
+{
+    QStringList rows;
+    for (const QString& name : names) {
+        const QString file = SpecialBillingFileName(SurnameOf(name), year_text);
+        rows += FileExists(files, file) ? name + SpecialBillingMark : name;
+    }
+    return rows;
+}
+
+QVector<bool> PaidMarks(const QStringList& names, const QStringList& ledger)
+{
+    if (ledger.isEmpty())
+        return {};
+    const QString texts = StatementTexts(ledger);
+    QVector<bool> marks;
+    for (const QString& name : names)
+        marks += !texts.isEmpty() && texts.contains(SurnameOf(name));
+    return marks;
+}
