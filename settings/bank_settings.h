@@ -1,8 +1,12 @@
 // Bank, treasurer and contact persons in memory, read from and written to "\Config1.ini", section
-// "Daten".
+// "Daten". Keys and file format: docs/file-formats.md, "INI files".
 #pragma once
 
+#include "data/line_file.h"
+
 #include <QString>
+
+#include <cstddef>
 
 /// Texts as typed. Text6(0) to Text6(5), in this order, are the first six.
 struct BankSettings {
@@ -14,3 +18,19 @@ struct BankSettings {
     QString TreasurerName; ///< Text6(5) "Name"
     QString TreasurerSalutation; ///< C1 "Anrede"
 };
+
+inline constexpr std::size_t BankFieldCount = 6; ///< Text6(0) to Text6(5)
+
+/// The text that the field Text6(index) shows, index 0 to 5.
+QString& BankText(BankSettings& bank, std::size_t index);
+const QString& BankText(const BankSettings& bank, std::size_t index);
+
+/// The stored texts. Without the file every text is empty and the salutation stays the shown one.
+/// Throws RuntimeError (File) when the file cannot be read.
+BankSettings ReadBank(const DataFiles& files, const BankSettings& shown);
+
+/// Writes all seven values in one rewrite. Throws RuntimeError (File).
+void WriteBank(const DataFiles& files, const BankSettings& bank);
+
+/// Writes the salutation alone. Throws RuntimeError (File).
+void WriteSalutation(const DataFiles& files, const QString& salutation);

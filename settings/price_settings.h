@@ -1,12 +1,12 @@
 // The yearly prices in memory, read from and written to "\Config.ini" (one section per year).
-// Keys and file format: docs/file-formats.md.
+// Keys and file format: docs/file-formats.md, "INI files".
 #pragma once
 
 #include "data/line_file.h"
 
 #include <QString>
 
-#include <array>
+#include <cstddef>
 
 /// The prices of the loaded year; texts as typed. Text4(0) to Text4(6), in this order, are the
 /// first seven.
@@ -26,3 +26,34 @@ struct PriceSettings {
     QString PreviousElectricityPrice; ///< last year's "Stromkosten"
     QString PreviousWaterPrice; ///< last year's "Wasserkosten"
 };
+
+inline constexpr std::size_t PriceCount = 8; ///< Text4(0) to Text4(7)
+inline constexpr std::size_t DeadlineField = 8; ///< Text4(8)
+
+/// Both dates of a new year read so until they are picked.
+inline const QString DateToUpdate = QStringLiteral("Bitte aktualisieren");
+
+/// The text that the field Text4(index) shows, index 0 to 8.
+QString& PriceText(PriceSettings& prices, std::size_t index);
+const QString& PriceText(const PriceSettings& prices, std::size_t index);
+
+struct LoadedPrices {
+    PriceSettings Prices;
+    bool CarriedOver = false; ///< last year's prices, for a new year that had none
+};
+
+/// The prices of a year. Without the file every text is "0,00" (the deadline too) and the billing
+/// date stays the shown one; the repair levy always stays the shown one, except in a carry-over.
+/// The start-up year takes over last year's prices when it has no electricity price; nothing is
+/// written here. Throws RuntimeError (File) when the file cannot be read.
+LoadedPrices ReadPrices(const DataFiles& files, const QString& year_text, int start_up_year,
+    const PriceSettings& shown);
+
+/// Writes what a carry-over puts into the new year's section: seven prices and both dates. Repair
+/// levy and prepayments are left out. Throws RuntimeError (File).
+void WriteCarriedOver(
+    const DataFiles& files, const QString& year_text, const PriceSettings& prices);
+
+/// Writes all twelve values of the year, the repair levy first, in one rewrite. Throws RuntimeError
+/// (File).
+void WritePrices(const DataFiles& files, const QString& year_text, const PriceSettings& prices);
