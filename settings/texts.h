@@ -1,0 +1,34 @@
+// The texts of the tab "Einstellungen" that are shown in boxes and as marks.
+#pragma once
+
+#include <QString>
+
+inline const QString SettingsSavedTitle = QStringLiteral("Hinweis");
+inline const QString SettingsSavedMessage
+    = QStringLiteral("Datenänderung ist gespeichert !"); // blank before "!": sic
+
+inline const QString UnsavedMark = QStringLiteral("Nicht gespeichert");
+inline const QString UnsavedTip = QStringLiteral("Diese Eingabe ist noch nicht gespeichert.");
+inline const QString UnsavedMarkTip
+    = QStringLiteral("Hier wurde etwas geändert und noch nicht gespeichert.");
+inline const QString NoDateTip
+    = QStringLiteral("Das ist noch kein Datum. Bitte im Kalender darunter einen Tag wählen.");
+inline const QString UnknownContactTip
+    = QStringLiteral("Diesen Namen gibt es in der Namensliste nicht; auf der Abrechnung steht dann "
+                     "„Datensatz fehlt“. Bitte wie in der Namensliste schreiben: Nachname,Vorname");
+
+inline const QString PricesNotReadRemedy
+    = QStringLiteral("Es gelten weiter die Preise, die unter „Einstellungen“ stehen; sie können "
+                     "von einem anderen Jahr sein. Bitte prüfen, ob die Datei beschädigt oder von "
+                     "einem anderen Programm belegt ist, und das Jahr noch einmal laden.");
+inline const QString BankNotReadRemedy
+    = QStringLiteral("Es gelten weiter die Bankdaten und Namen, die unter „Einstellungen“ stehen. "
+                     "Bitte prüfen, ob die Datei beschädigt oder von einem anderen Programm belegt "
+                     "ist, und das Jahr noch einmal laden.");
+inline const QString CarryOverNotWrittenRemedy
+    = QStringLiteral("Die Preise des Vorjahres gelten auch für das neue Jahr, stehen aber noch "
+                     "nicht in der Datei. Bitte prüfen, ob der Ordner beschreibbar und noch Platz "
+                     "ist, und die Preise unter „Einstellungen“ speichern.");
+inline const QString NotSavedRemedy
+    = QStringLiteral("Die Eingaben stehen noch in den Feldern. Bitte prüfen, ob der Ordner "
+                     "beschreibbar und noch Platz ist, und dann noch einmal speichern.");
