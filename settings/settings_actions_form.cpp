@@ -74,14 +74,13 @@ void TakeBank(Program& program, const BankSettings& bank)
         program.Settings.SavedBank[i] = BankText(bank, i);
 }
 
-/// Adds what helps to an error of the file routines, which know neither prices nor bank data.
-template <typename Routine> auto WithRemedy(const QString& remedy, Routine routine)
+/// Says in the error what it means for the settings; the file routines do not know it.
+template <typename Routine> auto WithConsequence(const QString& consequence, Routine routine)
 {
     try {
         return routine();
     } catch (RuntimeError& error) {
-        if (error.where.remedy.isEmpty())
-            error.where.remedy = remedy;
+        error.where.remedy = (consequence + QLatin1Char(' ') + error.where.remedy).trimmed();
         throw;
     }
 }
@@ -91,21 +90,21 @@ template <typename Routine> auto WithRemedy(const QString& remedy, Routine routi
 void LoadPrices(Program& program)
 {
     const QString& year = program.Year.YearText;
-    const LoadedPrices loaded = WithRemedy(PricesNotReadRemedy, [&] {
+    const LoadedPrices loaded = WithConsequence(PricesNotRead, [&] {
         return ReadPrices(
             program.Files, year, program.Year.YearNumber, ReadPriceFields(program.SettingsTab));
     });
     ShowPriceFields(program.SettingsTab, loaded.Prices);
     TakePrices(program, loaded.Prices);
     if (loaded.CarriedOver)
-        WithRemedy(CarryOverNotWrittenRemedy,
-            [&] { WriteCarriedOver(program.Files, year, loaded.Prices); });
+        WithConsequence(
+            CarryOverNotWritten, [&] { WriteCarriedOver(program.Files, year, loaded.Prices); });
 }
 
 void LoadBank(Program& program)
 {
-    const BankSettings bank = WithRemedy(BankNotReadRemedy,
-        [&] { return ReadBank(program.Files, ReadBankFields(program.SettingsTab)); });
+    const BankSettings bank = WithConsequence(
+        BankNotRead, [&] { return ReadBank(program.Files, ReadBankFields(program.SettingsTab)); });
     ShowBankFields(program.SettingsTab, bank);
     TakeBank(program, bank);
 }
@@ -134,7 +133,8 @@ void SavePriceSettings(Program& program)
     PriceSettings stored = typed;
     stored.BillingDate = program.Prices.BillingDate; // the dates in force, not those shown
     stored.PaymentDeadline = program.Prices.PaymentDeadline;
-    WithRemedy(NotSavedRemedy, [&] { WritePrices(program.Files, program.Year.YearText, stored); });
+    WithConsequence(
+        SettingsNotSaved, [&] { WritePrices(program.Files, program.Year.YearText, stored); });
 
     typed.PreviousElectricityPrice = program.Prices.PreviousElectricityPrice;
     typed.PreviousWaterPrice = program.Prices.PreviousWaterPrice;
@@ -149,7 +149,7 @@ void SavePriceSettings(Program& program)
 void SaveBankSettings(Program& program)
 {
     const BankSettings typed = ReadBankFields(program.SettingsTab);
-    WithRemedy(NotSavedRemedy, [&] { WriteBank(program.Files, typed); });
+    WithConsequence(SettingsNotSaved, [&] { WriteBank(program.Files, typed); });
 
     TakeBank(program, typed);
     DrawStatementPages(program);
@@ -165,7 +165,7 @@ void SaveSalutation(Program& program)
     const QString typed = program.SettingsTab.C1->currentText();
     if (typed == program.Bank.TreasurerSalutation)
         return;
-    WithRemedy(NotSavedRemedy, [&] { WriteSalutation(program.Files, typed); });
+    WithConsequence(SettingsNotSaved, [&] { WriteSalutation(program.Files, typed); });
     program.Bank.TreasurerSalutation = typed;
     DrawStatementPages(program); // it stands on every bill
     ShowSettingsMarks(program);

@@ -17,18 +17,13 @@ inline const QString UnknownContactTip
     = QStringLiteral("Diesen Namen gibt es in der Namensliste nicht; auf der Abrechnung steht dann "
                      "„Datensatz fehlt“. Bitte wie in der Namensliste schreiben: Nachname,Vorname");
 
-inline const QString PricesNotReadRemedy
+// What a failed read or write means for the settings; stands in front of the file's own remedy.
+inline const QString PricesNotRead
     = QStringLiteral("Es gelten weiter die Preise, die unter „Einstellungen“ stehen; sie können "
-                     "von einem anderen Jahr sein. Bitte prüfen, ob die Datei beschädigt oder von "
-                     "einem anderen Programm belegt ist, und das Jahr noch einmal laden.");
-inline const QString BankNotReadRemedy
-    = QStringLiteral("Es gelten weiter die Bankdaten und Namen, die unter „Einstellungen“ stehen. "
-                     "Bitte prüfen, ob die Datei beschädigt oder von einem anderen Programm belegt "
-                     "ist, und das Jahr noch einmal laden.");
-inline const QString CarryOverNotWrittenRemedy
+                     "von einem anderen Jahr sein.");
+inline const QString BankNotRead
+    = QStringLiteral("Es gelten weiter die Bankdaten und Namen, die unter „Einstellungen“ stehen.");
+inline const QString CarryOverNotWritten
     = QStringLiteral("Die Preise des Vorjahres gelten auch für das neue Jahr, stehen aber noch "
-                     "nicht in der Datei. Bitte prüfen, ob der Ordner beschreibbar und noch Platz "
-                     "ist, und die Preise unter „Einstellungen“ speichern.");
-inline const QString NotSavedRemedy
-    = QStringLiteral("Die Eingaben stehen noch in den Feldern. Bitte prüfen, ob der Ordner "
-                     "beschreibbar und noch Platz ist, und dann noch einmal speichern.");
+                     "nicht in der Datei.");
+inline const QString SettingsNotSaved = QStringLiteral("Die Eingaben stehen noch in den Feldern.");
