@@ -16,16 +16,27 @@ namespace {
 
 constexpr mode_t folder_mode = 0777; // less what the user's mask takes away
 
-bool IsRegular(int folder, const char* name, Links links)
+/// A file that cannot be looked at is an error: passed over, it would be missing in a backup that
+/// calls itself complete.
+int LookAt(int folder, const char* name, Links links, bool& is_regular)
 {
     struct stat status { };
     const int flags = links == Links::Follow ? 0 : AT_SYMLINK_NOFOLLOW;
-    return ::fstatat(folder, name, &status, flags) == 0 && S_ISREG(status.st_mode);
+    is_regular = false;
+    if (::fstatat(folder, name, &status, flags) != 0)
+        return errno == ENOENT ? 0 : errno; // vanished, or a link that leads nowhere
+    is_regular = S_ISREG(status.st_mode);
+    return 0;
 }
 
 int OpenFolder(const QString& folder)
 {
-    return ::open(QFile::encodeName(folder).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    const QByteArray name = QFile::encodeName(folder);
+    int descriptor = -1;
+    do {
+        descriptor = ::open(name.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    } while (descriptor < 0 && errno == EINTR);
+    return descriptor;
 }
 
 // A slash at the end would make the system look behind a link.
@@ -42,18 +53,29 @@ QByteArray NameWithoutSlash(const QString& folder)
 int ListFiles(const QString& folder, Links links, QStringList& names)
 {
     names.clear();
-    DIR* entries = ::opendir(QFile::encodeName(folder).constData());
-    if (entries == nullptr)
-        return errno;
+    const int descriptor = OpenFolder(folder);
+    DIR* entries = descriptor < 0 ? nullptr : ::fdopendir(descriptor);
+    if (entries == nullptr) {
+        const int open_error = errno;
+        if (descriptor >= 0)
+            ::close(descriptor);
+        return open_error;
+    }
+    int error = 0;
     errno = 0;
     while (const dirent* entry = ::readdir(entries)) {
-        if (IsRegular(::dirfd(entries), entry->d_name, links))
+        bool is_regular = false;
+        const int look_error = LookAt(::dirfd(entries), entry->d_name, links, is_regular);
+        if (look_error != 0)
+            error = look_error;
+        if (is_regular)
             names += QFile::decodeName(entry->d_name);
         errno = 0;
     }
-    const int read_error = errno;
-    const int close_error = ::closedir(entries) == 0 ? 0 : errno;
-    return read_error != 0 ? read_error : close_error;
+    if (error == 0)
+        error = errno;
+    const int close_error = ::closedir(entries) == 0 || errno == EINTR ? 0 : errno;
+    return error != 0 ? error : close_error;
 }
 
 int CheckFolder(const QString& folder)
@@ -107,7 +129,7 @@ int FlushMedium(const QString& folder)
     if (descriptor < 0)
         return errno;
     const int error = ::syncfs(descriptor) == 0 ? 0 : errno;
-    const int close_error = ::close(descriptor) == 0 ? 0 : errno;
+    const int close_error = ::close(descriptor) == 0 || errno == EINTR ? 0 : errno;
     return error != 0 ? error : close_error;
 }
 

@@ -86,6 +86,7 @@ QString Compare(const Snapshot& found, const Recording& recording, bool is_confi
     Snapshot all = found;
     all.insert(recording.before);
     all.insert(recording.after);
+    all.remove(u".parzello.neu"_s); // what is left of a backup that was interrupted
     for (const QString& name : all.keys()) {
         const bool is_new = old_or_new(name, recording.after);
         if (is_confirmed && !is_new)

@@ -1,11 +1,14 @@
 #include "tests/support/crash_actions.h"
 
+#include "backup/copying.h"
 #include "data/file_names.h"
 #include "data/line_file.h"
 #include "data/redo_record.h"
+#include "members/member_editing.h"
 #include "members/member_lists.h"
 #include "settings/ini_file.h"
 
+#include <QDir>
 #include <QFile>
 
 using namespace Qt::StringLiterals;
@@ -57,6 +60,11 @@ void WriteLong(const DataFiles& files) { RewriteFile(files, bank_ledger, LongCon
 void WriteShort(const DataFiles& files) { RewriteFile(files, bank_ledger, "kurz\r\n"); }
 void WriteNothing(const DataFiles& files) { RewriteFile(files, bank_ledger, {}); }
 
+void WriteClubName(const DataFiles& files)
+{
+    RewriteLines(files, ClubNameFile, { u"KGV „Lindenblick“ e.V. Wiesenrode"_s });
+}
+
 void ChangeMember(const DataFiles& files)
 {
     MemberLists lists;
@@ -73,6 +81,86 @@ void BeginYear(const DataFiles& files)
     WriteMembersFile(lists, files, u"2017"_s);
 }
 
+void EnterReadings(const DataFiles& files)
+{
+    MemberLists lists;
+    ReadMembersFile(lists, files, u"2016"_s);
+    QStringList fields = SplitRecord(lists.RecordList.value(0));
+    fields[ElectricityEnd] = u"180"_s;
+    ReplaceRecord(lists, 0, fields);
+    WriteMembersFile(lists, files, u"2016"_s);
+}
+
+void AddThirdMember(const DataFiles& files)
+{
+    MemberLists lists;
+    ReadMembersFile(lists, files, u"2016"_s);
+    if (lists.RecordList.size() == 2)
+        AddMember(lists, QStringList(MemberFieldCount, u"neu"_s));
+    WriteMembersFile(lists, files, u"2016"_s);
+}
+
+void DeleteAllMembers(const DataFiles& files)
+{
+    MemberLists lists;
+    ReadMembersFile(lists, files, u"2016"_s);
+    while (!lists.RecordList.isEmpty())
+        RemoveMember(lists, 0);
+    WriteMembersFile(lists, files, u"2016"_s);
+}
+
+void PrepareSettings(const DataFiles& files)
+{
+    Put(files, PriceSettingsFile, "[2015]\r\nStromkosten=0,28\r\nWasserkosten=1,90\r\n");
+    Put(files, BankSettingsFile, "[Daten]\r\nBankname=Sparkasse\r\nBLZ=DE1\r\n");
+}
+
+void WritePrices(const DataFiles& files)
+{
+    WriteIniValues(files, u"2016"_s,
+        { { u"Stromkosten"_s, u"0,30"_s }, { u"Wasserkosten"_s, u"2,10"_s },
+            { u"Pacht"_s, u"0,18"_s } },
+        PriceSettingsFile);
+}
+
+void WriteBank(const DataFiles& files)
+{
+    WriteIniValues(files, u"Daten"_s,
+        { { u"Bankname"_s, u"Volksbank"_s }, { u"Kontonummer"_s, u"XYZ"_s } }, BankSettingsFile);
+}
+
+QString StickOf(const DataFiles& files) { return files.DataDirectory + u"/../Parzello"_s; }
+
+void PrepareStick(const DataFiles& files)
+{
+    PrepareMembers(files);
+    PrepareLong(files);
+    PrepareSettings(files);
+    const DataFiles stick { StickOf(files), {} };
+    if (!QDir().mkpath(stick.DataDirectory))
+        qFatal("no stick");
+    Put(stick, members, "Schulze;Clara\r\n");
+    Put(stick, bank_ledger, {});
+    Put(stick, CashBoxLedgerFileName(u"2016"_s), LongContent());
+    Put(stick, PriceSettingsFile, "[2016]\r\nStromkosten=0,31\r\n");
+    Put(stick, BankSettingsFile, "[Daten]\r\nBankname=Kasse\r\n");
+    Put(stick, SpecialBillingFileName(u"Meier"_s, u"2016"_s), QByteArray("\7\0\1\2", 4));
+}
+
+void Restore(const DataFiles& files)
+{
+    const QStringList names = DataFileNames(StickOf(files), Links::PassOver);
+    RestoreFiles(files, StickOf(files), names, [](qsizetype) {});
+}
+
+// The other way round: the folder that is watched is the stick, the club's data lie beside it.
+void BackUp(const DataFiles& stick)
+{
+    const DataFiles files { StickOf(stick), stick.StateDirectory };
+    const QStringList names = DataFileNames(files.DataDirectory, Links::Follow);
+    BackUpFiles(files, stick.DataDirectory, names, [](qsizetype) {});
+}
+
 } // namespace
 
 const QList<CrashAction>& CrashActions()
@@ -87,6 +175,15 @@ const QList<CrashAction>& CrashActions()
         { "save over an unfinished one", PrepareUnfinished, WriteShort },
         { "change a member", PrepareMembers, ChangeMember },
         { "begin a year", PrepareMembers, BeginYear },
+        { "enter readings", PrepareMembers, EnterReadings },
+        { "add a member", PrepareMembers, AddThirdMember },
+        { "delete all members", PrepareMembers, DeleteAllMembers },
+        { "prices", PrepareSettings, WritePrices },
+        { "prices without a file", PrepareNothing, WritePrices },
+        { "bank", PrepareSettings, WriteBank },
+        { "club name", PrepareNothing, WriteClubName },
+        { "restore", PrepareStick, Restore },
+        { "back up", PrepareStick, BackUp },
     };
     return actions;
 }

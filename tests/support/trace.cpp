@@ -64,9 +64,12 @@ QString SyncComplaint(const QList<TracedCall>& calls, const QString& data_direct
         const bool is_data = call.path.startsWith(data_directory);
         if (call.name == u"fsync"_s)
             unsynced.paths.remove(call.path);
+        if (call.name == u"syncfs"_s)
+            unsynced.paths.clear();
         if (call.name == u"rename"_s && unsynced.Has(call.path))
             return u"a record takes its place before its content is safe"_s;
-        if (is_data && ChangesContent(call)) {
+        const bool is_draft = call.path.endsWith(u".neu"_s); // a copy that is still growing
+        if (is_data && !is_draft && ChangesContent(call)) {
             for (const QString& path : std::as_const(unsynced.paths)) {
                 if (!path.startsWith(data_directory))
                     return call.path + u" is touched before the record is safe"_s;
