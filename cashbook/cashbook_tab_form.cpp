@@ -1,0 +1,294 @@
+// Makes the controls of the tab "Kontoführung" and lays them out. What they do stands in
+// cashbook_form.cpp and ledger_form.cpp, which event runs what in cashbook_wiring_form.cpp.
+#include "app/program.h"
+#include "cashbook/ledger_model.h"
+#include "cashbook/texts.h"
+#include "controls/calendar.h"
+#include "controls/fields.h"
+
+#include <QCalendarWidget>
+#include <QFrame>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QTableView>
+#include <QVBoxLayout>
+
+namespace {
+
+constexpr int date_characters = 11;
+constexpr int amount_characters = 12;
+constexpr int text_characters = 30;
+constexpr int note_characters = 12;
+
+/// A list whose selection says who has paid. Mouse and keys move the current entry only; marks are
+/// set by code.
+class PaidMarkList : public QListWidget {
+public:
+    using QListWidget::QListWidget;
+
+protected:
+    QItemSelectionModel::SelectionFlags selectionCommand(
+        const QModelIndex&, const QEvent*) const override
+    {
+        return QItemSelectionModel::NoUpdate;
+    }
+};
+
+QPushButton* MakeButton(QWidget* parent, const QString& text, const QString& tool_tip)
+{
+    auto* button = new QPushButton(text, parent);
+    button->setToolTip(tool_tip);
+    button->setAutoDefault(true); // Enter presses the button that has the focus
+    return button;
+}
+
+QFont Larger(const QFont& font, qreal factor)
+{
+    QFont larger = font;
+    larger.setPointSizeF(font.pointSizeF() * factor);
+    larger.setBold(true);
+    return larger;
+}
+
+/// Marks and marked rows are as clear without the focus as with it.
+void KeepSelectionClear(QWidget* view)
+{
+    QPalette palette;
+    palette.setColor(QPalette::Inactive, QPalette::Highlight,
+        palette.color(QPalette::Active, QPalette::Highlight));
+    palette.setColor(QPalette::Inactive, QPalette::HighlightedText,
+        palette.color(QPalette::Active, QPalette::HighlightedText));
+    view->setPalette(palette);
+}
+
+// Above: whose account, how much is on it, the way to the other one
+
+QLabel* MakeTitle(QWidget* tab)
+{
+    auto* title = Named(new QLabel(tab), QStringLiteral("Label21"));
+    title->setTextFormat(Qt::PlainText);
+    title->setWordWrap(true); // club and bank names are long
+    title->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    title->setFont(Larger(title->font(), 1.25));
+    return title;
+}
+
+/// Black or red on white on every desktop: these colours mean something.
+QLabel* MakeBalance(QWidget* tab)
+{
+    auto* balance = Named(new QLabel(tab), QStringLiteral("BalanceLabel"));
+    balance->setTextFormat(Qt::PlainText);
+    balance->setFont(Larger(balance->font(), 1.75));
+    balance->setFrameShape(QFrame::StyledPanel);
+    balance->setAutoFillBackground(true);
+    balance->setMargin(FrameSpacing / 2);
+    balance->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    balance->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    return balance;
+}
+
+QHBoxLayout* BuildHead(CashBookForm& form, QWidget* tab)
+{
+    form.Label21 = MakeTitle(tab);
+    form.BalanceLabel = MakeBalance(tab);
+    form.Command15
+        = Named(MakeButton(tab, SwitchToCashBox, QStringLiteral("Zeigt das andere Konto")),
+            QStringLiteral("Command15"));
+    auto* head = new QHBoxLayout;
+    head->setSpacing(TabSpacing);
+    head->addWidget(form.Label21, 1);
+    head->addWidget(MakeCaption(tab, QStringLiteral("aktueller Kontostand"), form.BalanceLabel));
+    head->addWidget(form.BalanceLabel);
+    head->addWidget(form.Command15);
+    return head;
+}
+
+QTableView* BuildLedgerView(CashBookForm& form, QWidget* tab)
+{
+    auto* view = Named(new QTableView(tab), QStringLiteral("ListView1"));
+    form.ListView1 = view;
+    form.Ledger = new LedgerModel(view);
+    view->setModel(form.Ledger);
+    view->setAccessibleName(QStringLiteral("Buchungen"));
+    view->setSelectionBehavior(QAbstractItemView::SelectRows);
+    view->setSelectionMode(QAbstractItemView::SingleSelection);
+    view->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    view->setAlternatingRowColors(true);
+    view->setShowGrid(false);
+    view->setWordWrap(false);
+    view->setTabKeyNavigation(false);
+    view->setCornerButtonEnabled(false);
+    view->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    view->verticalHeader()->hide();
+    view->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed); // quick at 100,000 rows
+    view->horizontalHeader()->setHighlightSections(false);
+    view->horizontalHeader()->setSectionsClickable(false);
+    KeepSelectionClear(view);
+    return view;
+}
+
+// Below: the booking that is typed, and the lists that fill its fields
+
+QCalendarWidget* BuildCalendar(CashBookForm& form, QWidget* tab)
+{
+    form.Cal3
+        = Named(MakeCalendar(tab, QStringLiteral("Buchungsdatum wählen")), QStringLiteral("Cal3"));
+    form.Cal3->setToolTip(QStringLiteral("Ein Klick oder die Eingabetaste schreibt den Tag in das "
+                                         "Feld „Datum“"));
+    form.Cal3->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    return form.Cal3;
+}
+
+void MakeEntryFields(CashBookForm& form, QWidget* frame)
+{
+    const QString captions[] = { QStringLiteral("Datum"), QStringLiteral("Vorgang"),
+        QStringLiteral("Einzahlen"), QStringLiteral("Abheben") };
+    const int characters[]
+        = { date_characters, text_characters, amount_characters, amount_characters };
+    for (std::size_t i = 0; i < form.Text10.size(); ++i) {
+        const bool amount = i >= 2;
+        form.Text10[i]
+            = Named(MakeField(frame, amount ? FieldKind::Amount : FieldKind::Text, characters[i],
+                        captions[i], amount ? QStringLiteral("€") : QString()),
+                QStringLiteral("Text10"), static_cast<int>(i));
+    }
+    form.Text10[0]->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    form.Text11 = Named(MakeField(frame, FieldKind::DisplayOnly, note_characters,
+                            QStringLiteral("Raten Vereinbarung")),
+        QStringLiteral("Text11"));
+    form.Text11->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    form.Text11->setToolTip(QStringLiteral("Nur ein Hinweis, er wird nicht gebucht"));
+}
+
+/// A text that is there while it has something to say; its line stays free.
+QLabel* MakeMark(QWidget* frame, const QString& name)
+{
+    auto* mark = Named(new QLabel(frame), name);
+    mark->setTextFormat(Qt::PlainText);
+    mark->setBackgroundRole(QPalette::Base);
+    mark->setMargin(FrameSpacing / 4);
+    QSizePolicy policy = mark->sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    mark->setSizePolicy(policy);
+    return mark;
+}
+
+QHBoxLayout* BuildButtonRow(CashBookForm& form, QWidget* frame)
+{
+    form.Command12[0] = Named(MakeButton(frame, QStringLiteral("OK"),
+                                  QStringLiteral("Bucht die Felder darüber oder ersetzt die "
+                                                 "markierte Zeile. Datum und Vorgang müssen "
+                                                 "ausgefüllt sein.")),
+        QStringLiteral("Command12"), 0);
+    form.Command12[1] = Named(MakeButton(frame, QStringLiteral("Löschen"),
+                                  QStringLiteral("Löscht die angeklickte Zeile")),
+        QStringLiteral("Command12"), 1);
+    form.CommandSaveLedger = Named(MakeButton(frame, QStringLiteral("Speichern"),
+                                       QStringLiteral("Schreibt alle Buchungen des gezeigten "
+                                                      "Kontos in seine Datei (Strg+S)")),
+        QStringLiteral("CommandSaveLedger"));
+    auto* row = new QHBoxLayout;
+    row->setSpacing(FrameSpacing);
+    row->addWidget(form.Command12[0]);
+    row->addWidget(form.Command12[1]);
+    row->addStretch(1);
+    row->addWidget(form.CommandSaveLedger);
+    return row;
+}
+
+QHBoxLayout* BuildMarkRow(CashBookForm& form, QWidget* frame)
+{
+    form.ReplaceMark = MakeMark(frame, QStringLiteral("ReplaceMark"));
+    form.UnsavedMark = MakeMark(frame, QStringLiteral("UnsavedMark"));
+    auto* row = new QHBoxLayout;
+    row->setSpacing(FrameSpacing);
+    row->addWidget(form.ReplaceMark);
+    row->addStretch(1);
+    row->addWidget(form.UnsavedMark);
+    return row;
+}
+
+QGroupBox* BuildEntryFrame(CashBookForm& form, QWidget* tab)
+{
+    auto* frame = new QGroupBox(tab);
+    MakeEntryFields(form, frame);
+    const auto caption = [&](std::size_t i) {
+        return MakeCaption(frame, form.Text10[i]->accessibleName(), form.Text10[i]);
+    };
+    auto* grid = new QGridLayout(frame);
+    grid->setSpacing(FrameSpacing);
+    grid->setColumnStretch(3, 1);
+    grid->addWidget(caption(0), 0, 0);
+    grid->addWidget(form.Text10[0], 0, 1);
+    grid->addWidget(caption(1), 1, 0);
+    grid->addWidget(form.Text10[1], 1, 1, 1, 3);
+    grid->addWidget(caption(2), 2, 0);
+    grid->addWidget(form.Text10[2], 2, 1);
+    grid->addWidget(caption(3), 2, 2);
+    grid->addWidget(form.Text10[3], 2, 3, Qt::AlignLeft);
+    grid->addWidget(MakeCaption(frame, form.Text11->accessibleName(), form.Text11), 3, 0);
+    grid->addWidget(form.Text11, 3, 1);
+    grid->setRowStretch(4, 1);
+    grid->addLayout(BuildMarkRow(form, frame), 5, 0, 1, 4);
+    grid->addLayout(BuildButtonRow(form, frame), 6, 0, 1, 4);
+    return frame;
+}
+
+QWidget* FramedList(QListWidget* list, const QString& caption, QWidget* tab)
+{
+    list->setAccessibleName(caption);
+    list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    list->setTextElideMode(Qt::ElideRight);
+    list->setMinimumHeight(0);
+    list->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored); // as high as its neighbours
+    KeepSelectionClear(list);
+    auto* frame = new QGroupBox(caption, tab);
+    auto* column = new QVBoxLayout(frame);
+    column->addWidget(list);
+    return frame;
+}
+
+QWidget* BuildPayees(CashBookForm& form, QWidget* tab)
+{
+    form.List9 = Named(new QListWidget(tab), QStringLiteral("List9"));
+    form.List9->addItems(RecurringPayees);
+    return FramedList(form.List9, QStringLiteral("sich wiederholende Vorgänge"), tab);
+}
+
+QWidget* BuildNames(CashBookForm& form, QWidget* tab)
+{
+    form.List4 = Named(new PaidMarkList(tab), QStringLiteral("List4"));
+    form.List4->setSelectionMode(QAbstractItemView::MultiSelection);
+    form.List4->setToolTip(QStringLiteral("Markiert ist, wessen Abrechnung in diesem Konto gebucht "
+                                          "ist. Ein Klick, die Leertaste oder die Eingabetaste "
+                                          "schlägt die Zahlung vor."));
+    return FramedList(form.List4, QStringLiteral("Namen"), tab);
+}
+
+} // namespace
+
+void BuildCashBookTab(Program& program, QWidget* tab)
+{
+    CashBookForm& form = program.CashBookTab;
+    auto* below = new QHBoxLayout;
+    below->setSpacing(TabSpacing);
+
+    auto* column = new QVBoxLayout(tab);
+    column->setContentsMargins(TabSpacing, TabSpacing, TabSpacing, TabSpacing);
+    column->setSpacing(TabSpacing);
+    column->addLayout(BuildHead(form, tab));
+    column->addWidget(BuildLedgerView(form, tab), 1);
+    column->addLayout(below);
+
+    below->addWidget(BuildCalendar(form, tab), 0, Qt::AlignTop);
+    below->addWidget(BuildEntryFrame(form, tab), 3);
+    below->addWidget(BuildPayees(form, tab), 2);
+    below->addWidget(BuildNames(form, tab), 2);
+    ConnectCashBookTab(program);
+}

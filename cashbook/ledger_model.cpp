@@ -1,0 +1,130 @@
+#include "cashbook/ledger_model.h"
+
+#include <QColor>
+#include <QGuiApplication>
+#include <QPalette>
+
+namespace {
+
+enum Column { DateColumn, TextColumn, DepositColumn, WithdrawalColumn, BalanceColumn };
+
+bool IsAmount(int column) { return column >= DepositColumn; }
+
+int AlignmentOf(int column)
+{
+    const auto side = IsAmount(column) ? Qt::AlignRight : Qt::AlignLeft;
+    return static_cast<int>(side | Qt::AlignVCenter);
+}
+
+QString TextOf(const LedgerRow& row, int column)
+{
+    switch (column) {
+    case DateColumn:
+        return row.date;
+    case TextColumn:
+        return row.text;
+    case DepositColumn:
+        return row.deposit;
+    case WithdrawalColumn:
+        return row.withdrawal;
+    case BalanceColumn:
+        return row.balance;
+    default:
+        return {};
+    }
+}
+
+bool IsUncounted(const LedgerRow& row, int column)
+{
+    return (column == DepositColumn && !row.counted.deposit)
+        || (column == WithdrawalColumn && !row.counted.withdrawal);
+}
+
+bool IsDarkDesktop() { return QGuiApplication::palette().color(QPalette::Base).lightness() < 128; }
+
+/// A red that can be read on the ground of the table.
+QColor Red() { return IsDarkDesktop() ? QColor(0xff, 0x80, 0x80) : QColor(0xd0, 0, 0); }
+
+QVariant ForegroundOf(const LedgerRow& row, int column)
+{
+    const bool red
+        = IsUncounted(row, column) || (IsAmount(column) && ShowsBelowZero(TextOf(row, column)));
+    return red ? QVariant(Red()) : QVariant();
+}
+
+QVariant BackgroundOf(const LedgerRow& row, int column)
+{
+    if (!IsUncounted(row, column))
+        return {};
+    return IsDarkDesktop() ? QColor(0x50, 0x24, 0x24) : QColor(0xfa, 0xd8, 0xd8);
+}
+
+QVariant ToolTipOf(const LedgerRow& row, int column)
+{
+    if (IsUncounted(row, column))
+        return QStringLiteral("Das ist keine Zahl, der Betrag zählt als 0. Ein Klick auf die Zeile "
+                              "holt die Buchung zum Berichtigen in die Felder.");
+    constexpr qsizetype longest = 500;
+    const QString text = TextOf(row, column).left(longest); // cut off in its column, perhaps
+    return text.isEmpty() ? QString() : QStringLiteral("<p>%1</p>").arg(text.toHtmlEscaped());
+}
+
+} // namespace
+
+void LedgerModel::SetColumns(const QStringList& columns)
+{
+    beginResetModel();
+    m_columns = columns;
+    endResetModel();
+}
+
+void LedgerModel::SetRows(const LedgerRows& rows)
+{
+    beginResetModel();
+    m_rows = rows;
+    endResetModel();
+}
+
+int LedgerModel::rowCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : static_cast<int>(m_rows.lines.size());
+}
+
+int LedgerModel::columnCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : static_cast<int>(m_columns.size());
+}
+
+QVariant LedgerModel::data(const QModelIndex& index, int role) const
+{
+    if (!index.isValid() || index.row() >= rowCount())
+        return {};
+    if (role == Qt::TextAlignmentRole)
+        return AlignmentOf(index.column());
+    const LedgerRow row = RowAt(m_rows, index.row());
+    switch (role) {
+    case Qt::DisplayRole:
+        return TextOf(row, index.column());
+    case Qt::ForegroundRole:
+        return ForegroundOf(row, index.column());
+    case Qt::BackgroundRole:
+        return BackgroundOf(row, index.column());
+    case Qt::ToolTipRole:
+        return ToolTipOf(row, index.column());
+    case Qt::UserRole:
+        return row.key;
+    default:
+        return {};
+    }
+}
+
+QVariant LedgerModel::headerData(int section, Qt::Orientation orientation, int role) const
+{
+    if (orientation != Qt::Horizontal)
+        return {};
+    if (role == Qt::DisplayRole)
+        return m_columns.value(section);
+    if (role == Qt::TextAlignmentRole)
+        return AlignmentOf(section);
+    return {};
+}

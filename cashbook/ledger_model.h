@@ -1,0 +1,29 @@
+// The ledger as a table: five columns of texts, made when the view asks for them.
+#pragma once
+
+#include "cashbook/ledger_rows.h"
+
+#include <QAbstractTableModel>
+#include <QStringList>
+
+class LedgerModel : public QAbstractTableModel {
+public:
+    using QAbstractTableModel::QAbstractTableModel;
+
+    /// The columns in their order, as LedgerColumns in cashbook/texts.h.
+    void SetColumns(const QStringList& columns);
+    void SetRows(const LedgerRows& rows);
+
+    int rowCount(const QModelIndex& parent = {}) const override;
+    int columnCount(const QModelIndex& parent = {}) const override;
+
+    /// Amounts are right-aligned; below zero they are red, and so is what is no number, on a tinted
+    /// ground. Qt::UserRole is the row's key ("Zeile 1").
+    QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
+    QVariant headerData(
+        int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
+
+private:
+    QStringList m_columns;
+    LedgerRows m_rows;
+};
