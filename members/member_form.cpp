@@ -1,18 +1,13 @@
-// What the tab "Stammdaten" shows and what its buttons do. The controls are made in
-// member_tab_form.cpp, the rules stand in member_editing and member_lists.
+// What the fields of the tab "Stammdaten" show and what its buttons do. The controls are made in
+// member_tab_form.cpp, its lists are filled in member_names_form.cpp, the rules stand in
+// member_editing and member_lists.
 #include "app/program.h"
 #include "controls/fields.h"
 #include "members/member_editing.h"
 
 #include <QLineEdit>
-#include <QListWidget>
-#include <QScrollBar>
-#include <QSignalBlocker>
-#include <QTreeWidget>
 
 namespace {
-
-constexpr qsizetype longest_shown_name = 300; // characters; beyond it a list would only get slow
 
 template <typename Fields> void ClearAll(const Fields& fields)
 {
@@ -59,25 +54,6 @@ QString UnsavedToolTip(const QString& stored)
                             : not_yet + QStringLiteral("Gespeichert ist „%1“.").arg(stored);
 }
 
-/// Both lists mark the shown member and scroll to him.
-void MarkShownMember(const Program& program)
-{
-    const int row = program.Member.CurrentMember;
-    QListWidget* names = program.MembersTab.List1;
-    const QSignalBlocker silent_names(names);
-    names->setCurrentRow(row);
-    if (row < 0)
-        names->clearSelection();
-    names->scrollToItem(names->item(row));
-
-    QTreeWidget* overview = program.MembersTab.ListView2;
-    const QSignalBlocker silent_overview(overview);
-    overview->setCurrentItem(overview->topLevelItem(row));
-    if (row < 0)
-        overview->clearSelection();
-    overview->scrollToItem(overview->topLevelItem(row));
-}
-
 /// A difference stays as it is while one of its readings is empty.
 void ComputeDifference(
     Program& program, MemberField start, MemberField end, QLineEdit* difference_field)
@@ -101,12 +77,17 @@ void ComputeDifferences(Program& program)
     program.Member.WaterDifference = form.Text1[5]->text();
 }
 
-/// Writes the lists as file of YearText; an error says in addition what became of the input.
-void WriteMembers(const Program& program, const MemberLists& lists, const QString& what_is_left)
+/// Writes the lists as file of YearText; an error says in addition what became of the input. An
+/// error after which the file holds the lists all the same (only the note of the rewrite could not
+/// be removed) is shown and ends nothing: the same member would be added a second time.
+void WriteMembers(Program& program, const MemberLists& lists, const QString& what_is_left)
 {
+    const QString& year = program.Year.YearText;
     try {
-        WriteMembersFile(lists, program.Files, program.Year.YearText);
+        WriteMembersFile(lists, program.Files, year);
     } catch (RuntimeError error) {
+        if (IsInFile(lists, program.Files, year))
+            return ReportError(program.Errors, program.Ask, error);
         if (!error.where.remedy.isEmpty())
             error.where.remedy += QLatin1Char(' ');
         error.where.remedy += what_is_left;
@@ -191,43 +172,6 @@ void ShowMember(Program& program)
     RequireWholeRecord(
         fields, ShortRecordPlace(program.Year.LoadedYear, member.CurrentMember, fields));
     ComputeDifferences(program);
-}
-
-void ShowNameList(Program& program)
-{
-    QListWidget* list = program.MembersTab.List1;
-    const QStringList& names = program.Members.NameList;
-    const QSignalBlocker silent(list);
-    while (list->count() > names.size())
-        delete list->takeItem(list->count() - 1);
-    for (int row = 0; row < names.size(); ++row) { // row by row, so that the list does not jump
-        const QString name = names[row].left(longest_shown_name);
-        if (row >= list->count())
-            list->addItem(name);
-        else if (list->item(row)->text() != name)
-            list->item(row)->setText(name);
-    }
-    MarkShownMember(program);
-}
-
-void ShowMemberOverview(Program& program, const QStringList& rows)
-{
-    QTreeWidget* overview = program.MembersTab.ListView2;
-    const QSignalBlocker silent(overview);
-    const int scrolled = overview->verticalScrollBar()->value();
-    overview->clear();
-    overview->setHeaderLabels({ QStringLiteral("Namen") });
-    QList<QTreeWidgetItem*> items;
-    for (qsizetype row = 0; row < rows.size(); ++row) {
-        auto* item = new QTreeWidgetItem;
-        item->setText(0, rows[row].left(longest_shown_name));
-        item->setToolTip(0, item->text(0));
-        item->setData(0, Qt::UserRole, QStringLiteral("Zeile ") + QString::number(row + 1));
-        items += item;
-    }
-    overview->addTopLevelItems(items);
-    overview->verticalScrollBar()->setValue(scrolled);
-    MarkShownMember(program);
 }
 
 void SelectMember(Program& program, int position)

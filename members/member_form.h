@@ -49,6 +49,10 @@ void ShowNameList(Program& program);
 /// key "Zeile k" (item data, Qt::UserRole). Runs no handler.
 void ShowMemberOverview(Program& program, const QStringList& rows);
 
+/// Both lists mark the shown member and scroll to him; none is marked while a new one is typed.
+/// Runs no handler.
+void MarkShownMember(const Program& program);
+
 /// The control of record field 0 to 15: Text3(0) to Text3(11), Text1(0), (1), (3), (4).
 QLineEdit* ControlOfField(const MemberForm& form, int field);
 

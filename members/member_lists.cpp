@@ -85,6 +85,15 @@ void WriteMembersFile(const MemberLists& lists, const DataFiles& files, const QS
     RewriteLines(files, MembersFileName(year_text), lists.RecordList);
 }
 
+bool IsInFile(const MemberLists& lists, const DataFiles& files, const QString& year_text)
+{
+    try {
+        return ReadBytes(files, MembersFileName(year_text)) == BytesOfLines(lists.RecordList);
+    } catch (const RuntimeError&) {
+        return false; // the question follows an error that is shown
+    }
+}
+
 QString MeterDifference(
     const QString& start, const QString& end, const Place& start_place, const Place& end_place)
 {

@@ -53,6 +53,9 @@ void RequireWholeRecord(const QStringList& fields, const Place& where);
 /// Writes the record list as members file of that year (whole rewrite).
 void WriteMembersFile(const MemberLists& lists, const DataFiles& files, const QString& year_text);
 
+/// True when the file of that year holds exactly the record list. An unreadable file does not.
+bool IsInFile(const MemberLists& lists, const DataFiles& files, const QString& year_text);
+
 /// End minus start as default text of a double; empty when either text is empty.
 /// Throws RuntimeError TypeMismatch when one of them is no number; the places name the two fields.
 QString MeterDifference(

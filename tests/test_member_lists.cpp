@@ -143,6 +143,19 @@ private Q_SLOTS:
                        "e\r\n"));
     }
 
+    void only_the_very_bytes_of_the_list_count_as_written()
+    {
+        const Club club;
+        MemberLists lists;
+        lists.RecordList = QStringList({ u"Größe"_s });
+        QVERIFY(!IsInFile(lists, club.files, u"2016"_s));
+        WriteMembersFile(lists, club.files, u"2016"_s);
+        QVERIFY(IsInFile(lists, club.files, u"2016"_s));
+        QVERIFY(!IsInFile({}, club.files, u"2016"_s));
+        lists.RecordList += u"more"_s;
+        QVERIFY(!IsInFile(lists, club.files, u"2016"_s));
+    }
+
     void an_empty_list_gives_a_file_of_zero_bytes_that_exists()
     {
         const Club club;
