@@ -17,6 +17,8 @@
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace {
 
 constexpr int text_characters = 22; // at least; they grow with the window
@@ -70,6 +72,7 @@ QHBoxLayout* BuildYearChoice(MemberForm& form, QWidget* parent)
     form.Text2 = Named(MakeField(parent, FieldKind::DisplayOnly, 5, QStringLiteral("Jahr")),
         QStringLiteral("Text2"));
     form.Text2->setAlignment(Qt::AlignCenter);
+    form.Text2->setMaximumWidth(form.Text2->fontMetrics().averageCharWidth() * number_characters);
     form.Command3[0] = Named(MakeButton(parent, QStringLiteral("►"),
                                  QStringLiteral("Ein Jahr vor. Geladen wird es mit „Laden“.")),
         QStringLiteral("Command3"), 0);
@@ -79,7 +82,7 @@ QHBoxLayout* BuildYearChoice(MemberForm& form, QWidget* parent)
             QStringLiteral("Lädt die Mitglieder, Preise und Konten des Jahres, das links steht.")),
         QStringLiteral("Command4"));
     for (QPushButton* arrow : form.Command3)
-        arrow->setMaximumWidth(arrow->fontMetrics().averageCharWidth() * 4);
+        arrow->setFixedWidth(std::max(32, arrow->fontMetrics().averageCharWidth() * 4));
 
     auto* row = new QHBoxLayout;
     row->setSpacing(FrameSpacing);
@@ -87,6 +90,7 @@ QHBoxLayout* BuildYearChoice(MemberForm& form, QWidget* parent)
     row->addWidget(form.Text2, 1);
     row->addWidget(form.Command3[0]);
     row->addWidget(form.Command4);
+    row->addStretch();
     return row;
 }
 
