@@ -52,20 +52,20 @@ void DrawWaterRows(PageItems& page, const BillSource& source, const QString& nex
     AddBox(page, 460, Row7, 540, 402);
     AddText(page, u"row_8_label"_s, 35, Row8, u"     8 Vorauszahlung "_s + next_year);
     AddBox(page, 460, Row8, 540, 414);
-    AddText(page, u"row_9_label"_s, 35, Row9, u"     9 Zwischwnsumme Wasser "_s, BoldStyle);
-    AddBox(page, 540, Row9, 620, 428);
+    AddText(page, u"row_9_label"_s, 35, Row9, u"     9 Zwischwnsumme Wasser "_s, BoldStyle); // sic: misspelt
+    AddBox(page, 540, Row9, 620, 428); // two pixels higher than the other cells
 }
 
 void DrawPlotRows(PageItems& page, const BillSource& source, const QString& next_year)
 {
-    AddText(page, u"row_10_label"_s, 35, Row10, u"    10 Mitgliedsbeitrag "_s + u"1"_s, BoldStyle);
+    AddText(page, u"row_10_label"_s, 35, Row10, u"    10 Mitgliedsbeitrag "_s + u"1"_s, BoldStyle); // sic: the number 1 in every year
     AddBox(page, 540, Row10, 620, 452);
     AddText(page, u"row_11_label"_s, 35, Row11, u"    11 Pacht "_s + next_year + u"                                                              m²          "_s, BoldStyle);
     AddBox(page, 320, Row11, 620, 476);
     AddBox(page, 380, Row11, 460, 476);
     AddLine(page, 540, Row11, 540, 476);
     AddRightAligned(page, u"row_11_factor"_s, FactorEdge, Row11, source.Prices.Lease);
-    AddText(page, u"row_12_label"_s, 35, Row12, u"   12 Grundsteuer(GS)A "_s + next_year + u"                                       m²          "_s, BoldStyle);
+    AddText(page, u"row_12_label"_s, 35, Row12, u"   12 Grundsteuer(GS)A "_s + next_year + u"                                       m²          "_s, BoldStyle); // sic: three blanks in front
     AddBox(page, 320, Row12, 620, 500);
     AddBox(page, 380, Row12, 460, 500);
     AddLine(page, 540, Row12, 540, 500);
@@ -85,7 +85,7 @@ void DrawInsuranceRowsAndTotal(PageItems& page)
     AddBox(page, 460, Row15, 540, 560);
     AddText(page, u"row_16_label"_s, 35, Row16, u"    16 Unfall "_s);
     AddBox(page, 460, Row16, 540, 572);
-    AddText(page, u"row_16b_label"_s, 35, Row16b, u"    16 Gebäude "_s);
+    AddText(page, u"row_16b_label"_s, 35, Row16b, u"    16 Gebäude "_s); // sic: 16 a second time
     AddBox(page, 460, Row16b, 540, 584);
     AddText(page, u"row_17_label"_s, 35, Row17, u"    17 Zwischensumme Versicherungen "_s, BoldStyle);
     AddBox(page, 540, Row17, 620, 596);
@@ -101,7 +101,7 @@ void DrawPayment(PageItems& page, const BillSource& source)
     AddText(page, u"bic"_s, 220, 644, u"BIC "_s + source.Bank.Bic + u"    Termin "_s + source.Prices.PaymentDeadline, BoldStyle);
     AddText(page, u"bic_red"_s, 220, 644, u"BIC"_s, RedStyle);
     AddText(page, u"hardship_1"_s, 35, 672, u"Sollten Sie aus finanziellen Gründen nicht in der Lage sein diesen Betrag zu begleichen,"_s);
-    AddText(page, u"hardship_2"_s, 35, 684, u"besteht nach Rücksprache mit "_s + source.Bank.TreasurerSalutation + u" "_s + source.Bank.TreasurerName + u" , die Möglichkeit einer 3 Monatsratenzahlung."_s);
+    AddText(page, u"hardship_2"_s, 35, 684, u"besteht nach Rücksprache mit "_s + source.Bank.TreasurerSalutation + u" "_s + source.Bank.TreasurerName + u" , die Möglichkeit einer 3 Monatsratenzahlung."_s); // sic: blank before the comma
     AddText(page, u"questions_1"_s, 35, 716, u"Bei Rückfragen zur Abrechnung"_s);
     AddText(page, u"questions_2"_s, 35, 744, u"wenden Sie sich bitte an"_s);
 }

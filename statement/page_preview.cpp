@@ -43,6 +43,7 @@ PageSurface::PageSurface(QWidget* parent, std::function<PageContents()> contents
 {
     setFixedSize(PageWidth, PageHeight);
     setAttribute(Qt::WA_OpaquePaintEvent);
+    setAttribute(Qt::WA_TransparentForMouseEvents); // wheel and clicks are the viewport's
 }
 
 void PageSurface::paintEvent(QPaintEvent*)

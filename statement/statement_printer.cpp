@@ -38,7 +38,8 @@ public:
         m_box.setWindowTitle(u"Drucken"_s);
         m_box.setWindowModality(Qt::WindowModal);
         m_box.setMinimumDuration(shown ? 0 : std::numeric_limits<int>::max());
-        m_box.setLabelText(Label(0)); // the box is as wide as its longest text from the start
+        m_box.setAutoReset(false); // stays until the last page is finished
+        m_box.setAutoClose(false);
         QGuiApplication::setOverrideCursor(Qt::WaitCursor);
     }
     ~Progress() { QGuiApplication::restoreOverrideCursor(); }
@@ -47,17 +48,17 @@ public:
 
     void Show(qsizetype page)
     {
-        const int done = static_cast<int>(page - m_first);
-        m_box.setLabelText(Label(done));
-        m_box.setValue(done);
+        const int number = static_cast<int>(page - m_first) + 1;
+        m_box.setLabelText(Label(number));
+        m_box.setValue(number); // lets the button "Abbrechen" be pressed
     }
 
     bool Cancelled() const { return m_box.wasCanceled(); }
 
 private:
-    QString Label(int done) const
+    QString Label(int number) const
     {
-        return u"Seite %1 von %2 wird gedruckt …"_s.arg(done + 1).arg(m_box.maximum());
+        return u"Seite %1 von %2 wird gedruckt …"_s.arg(number).arg(m_box.maximum());
     }
 
     QProgressDialog m_box;

@@ -1,0 +1,73 @@
+#include "tests/support/statement_tab.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QLineEdit>
+#include <QPrinter>
+#include <QTest>
+
+StatementTab::StatementTab(const ExampleYear& example)
+{
+    const BillSource source = SourceOf(example);
+    program.ClubName = source.ClubName;
+    program.Year.YearText = source.YearText;
+    program.Year.LoadedYear = source.LoadedYear;
+    program.Members = source.Members;
+    program.Prices = source.Prices;
+    program.Bank = source.Bank;
+    program.Today = [today = source.Today] { return today; };
+    program.Ask = [this](const MessageBox& box) {
+        Boxes += box.text + QStringLiteral(" | ") + box.detail;
+        return BoxAnswer::Ok;
+    };
+    program.Preview.ShowPrintDialog = [this](QPrinter&) {
+        ++DialogsShown;
+        return false;
+    };
+    BuildStatementTab(program, &Tab);
+    Guard(program.Errors, program.Ask, [this] { RebuildStatementPages(program); });
+}
+
+void StatementTab::Show(int width, int height)
+{
+    Tab.resize(width, height);
+    Tab.show();
+    QApplication::processEvents();
+}
+
+void StatementTab::Click(const char* name)
+{
+    QTest::mouseClick(Control<QAbstractButton>(name), Qt::LeftButton);
+}
+
+QString StatementTab::TextOf(const char* name) const { return Control<QLineEdit>(name)->text(); }
+
+void StatementTab::Type(const char* name, const QString& text)
+{
+    auto* field = Control<QLineEdit>(name);
+    field->selectAll();
+    QTest::keyClick(field, Qt::Key_Delete);
+    QTest::keyClicks(field, text);
+}
+
+QString StatementTab::PrintTo(const QString& name)
+{
+    const QString path = Folder.filePath(name);
+    program.Preview.ShowPrintDialog = [this, path](QPrinter& printer) {
+        ++DialogsShown;
+        Job = printer.docName();
+        printer.setOutputFormat(QPrinter::PdfFormat);
+        printer.setOutputFileName(path);
+        return true;
+    };
+    return path;
+}
+
+ExampleYear YearOf(const QString& club)
+{
+    for (const ExampleYear& example : ExampleYears()) {
+        if (example.Club == club)
+            return example;
+    }
+    qFatal("no example %s", qPrintable(club));
+}

@@ -1,0 +1,288 @@
+// Printing from the tab: what is sent to the printer, what the paper looks like, what ends
+// silently.
+#include "tests/support/printed.h"
+#include "tests/support/statement_tab.h"
+
+#include "statement/page_player.h"
+#include "statement/statement_pages.h"
+#include "statement/statement_printer.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QFile>
+#include <QGroupBox>
+#include <QImage>
+#include <QPainter>
+#include <QPrintDialog>
+#include <QPrinter>
+#include <QProgressDialog>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int picture_scale = 2; // picture pixels per page pixel
+
+QImage PreviewPicture(const StatementTab& tab, qsizetype page)
+{
+    QImage image(PageWidth * picture_scale, PageHeight * picture_scale, QImage::Format_RGB32);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    const PageContents contents = ContentsOfPage(tab.program.Statement, page);
+    PlayPage(painter, *contents.fixed, picture_scale);
+    PlayPage(painter, *contents.member, picture_scale);
+    return image;
+}
+
+/// Presses "Abbrechen" as soon as the progress box shows.
+struct CancelAtOnce : QObject {
+    int seen = 0;
+    QString label;
+    QString button;
+    bool busy = false;
+
+    CancelAtOnce() { qApp->installEventFilter(this); }
+
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        auto* box = qobject_cast<QProgressDialog*>(watched);
+        if (box == nullptr || event->type() != QEvent::Show)
+            return false;
+        ++seen;
+        label = box->labelText();
+        auto* cancel = box->findChild<QAbstractButton*>();
+        button = cancel->text();
+        busy = QGuiApplication::overrideCursor() != nullptr
+            && QGuiApplication::overrideCursor()->shape() == Qt::WaitCursor;
+        cancel->click();
+        return false;
+    }
+};
+
+} // namespace
+
+class TestStatementPrinter : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void pages_two_to_three_become_two_a4_sheets();
+    void the_choice_of_all_pages_changes_nothing();
+    void the_job_carries_the_bills_title();
+    void every_page_of_a_club_is_printed_with_its_own_amounts();
+    void the_printed_page_lies_on_the_previews_picture();
+    void words_stand_in_their_cells_on_paper();
+    void fields_without_pages_print_nothing_after_the_dialog_data();
+    void fields_without_pages_print_nothing_after_the_dialog();
+    void a_cancelled_dialog_prints_nothing();
+    void a_file_that_cannot_be_written_ends_silently();
+    void a_bill_that_stopped_half_way_is_printed_as_it_is();
+    void the_printer_is_set_to_a4_portrait_300_dots();
+    void the_dialog_offers_no_range_of_its_own();
+    void a_long_run_can_be_cancelled_between_pages();
+    void a_short_run_shows_no_box();
+};
+
+void TestStatementPrinter::pages_two_to_three_become_two_a4_sheets()
+{
+    StatementTab tab(YearOf(u"ordinary-year"_s));
+    const QString path = tab.PrintTo(u"bills.pdf"_s);
+    tab.Type("Text8(0)", u"2"_s);
+    tab.Type("Text8(1)", u"3"_s);
+    tab.Click("Command6");
+    QCOMPARE(tab.DialogsShown, 1);
+    QCOMPARE(PagesOfPdf(path), 2);
+    QVERIFY(TextOfPdfPage(path, 0).contains(u"Käthe Sommer"_s));
+    QVERIFY(TextOfPdfPage(path, 1).contains(u"Jörg Böhm"_s));
+    QCOMPARE(tab.Boxes, QStringList());
+    QCOMPARE(QGuiApplication::overrideCursor(), nullptr);
+}
+
+void TestStatementPrinter::the_choice_of_all_pages_changes_nothing()
+{
+    StatementTab tab(YearOf(u"ordinary-year"_s));
+    const QString path = tab.PrintTo(u"bills.pdf"_s);
+    tab.Type("Text8(0)", u"2"_s);
+    tab.Type("Text8(1)", u"3"_s);
+    tab.Click("Option1");
+    tab.Click("Command6");
+    QCOMPARE(PagesOfPdf(path), 2);
+}
+
+void TestStatementPrinter::the_job_carries_the_bills_title()
+{
+    StatementTab tab(YearOf(u"ordinary-year"_s));
+    const QString path = tab.PrintTo(u"bills.pdf"_s);
+    tab.Click("Command6");
+    QCOMPARE(tab.Job, u"Abrechnung Kleingarten 2017"_s);
+    QCOMPARE(TitleOfPdf(path), u"Abrechnung Kleingarten 2017"_s);
+}
+
+void TestStatementPrinter::every_page_of_a_club_is_printed_with_its_own_amounts()
+{
+    const ExampleYear example = YearOf(u"gaps"_s);
+    StatementTab tab(example);
+    const QString path = tab.PrintTo(u"bills.pdf"_s);
+    tab.Click("Command6");
+    QCOMPARE(PagesOfPdf(path), 6);
+    for (int page = 0; page < 6; ++page) {
+        const QString text = TextOfPdfPage(path, page).simplified();
+        for (const QString& row : TextRows(tab.program.Statement, page)) {
+            const QStringList cells = row.split(u'\t');
+            for (const QString& word : cells[1].split(u' ', Qt::SkipEmptyParts))
+                QVERIFY2(text.contains(word), qPrintable(cells[0] + u": "_s + word));
+        }
+    }
+}
+
+void TestStatementPrinter::the_printed_page_lies_on_the_previews_picture()
+{
+    StatementTab tab(YearOf(u"contacts"_s));
+    const QString path = tab.PrintTo(u"bills.pdf"_s);
+    tab.Click("Command6");
+    for (int page : { 0, 4 }) {
+        const QImage preview = PreviewPicture(tab, page);
+        const QImage printed = PictureOfPdf(path, page, preview.size());
+        QCOMPARE(printed.size(), preview.size());
+        // Two picture pixels are one page pixel: lines and letters lie where the preview has them.
+        QVERIFY(InkCoveredBy(printed, preview, 2) > 0.999);
+        QVERIFY(InkCoveredBy(preview, printed, 2) > 0.999);
+        // The same measure does notice a page of somebody else, and a shift by three page pixels.
+        QVERIFY(InkCoveredBy(printed, PreviewPicture(tab, 1), 2) < 0.999);
+        QVERIFY(
+            InkCoveredBy(printed, preview.copy(6, 0, preview.width(), preview.height()), 2) < 0.9);
+    }
+}
+
+void TestStatementPrinter::words_stand_in_their_cells_on_paper()
+{
+    StatementTab tab(YearOf(u"ordinary-year"_s));
+    const QString path = tab.PrintTo(u"bills.pdf"_s);
+    tab.Click("Command6");
+    int inside = 0;
+    for (const PrintedWord& word : WordsOfPdf(path)) {
+        if (word.top < 300 || word.top > 625) // the rows of the table
+            continue;
+        for (int line : { 320, 380, 460, 540, 620 }) {
+            if (word.left > 290) // behind the labels
+                QVERIFY2(word.right <= line + 0.5 || word.left >= line + 1, qPrintable(word.text));
+        }
+        inside += word.left > 320 ? 1 : 0;
+    }
+    QVERIFY(inside >= 8 * 28);
+}
+
+void TestStatementPrinter::fields_without_pages_print_nothing_after_the_dialog_data()
+{
+    QTest::addColumn<QString>("from");
+    QTest::addColumn<QString>("to");
+    QTest::newRow("zero") << u"0"_s << u"3"_s;
+    QTest::newRow("beyond") << u"1"_s << u"9"_s;
+    QTest::newRow("turned round") << u"3"_s << u"2"_s;
+    QTest::newRow("letters") << u"a"_s << u"3"_s;
+    QTest::newRow("fraction") << u"1,5"_s << u"3"_s;
+    QTest::newRow("empty") << QString() << QString();
+}
+
+void TestStatementPrinter::fields_without_pages_print_nothing_after_the_dialog()
+{
+    QFETCH(QString, from);
+    QFETCH(QString, to);
+    StatementTab tab(YearOf(u"ordinary-year"_s));
+    const QString path = tab.PrintTo(u"bills.pdf"_s);
+    tab.Type("Text8(0)", from);
+    tab.Type("Text8(1)", to);
+    tab.Click("Command6");
+    QCOMPARE(tab.DialogsShown, 1); // the fields are read after the dialog
+    QVERIFY(!QFile::exists(path));
+    QCOMPARE(tab.Boxes, QStringList());
+}
+
+void TestStatementPrinter::a_cancelled_dialog_prints_nothing()
+{
+    StatementTab tab(YearOf(u"ordinary-year"_s));
+    tab.Click("Command6");
+    QCOMPARE(tab.DialogsShown, 1);
+    QCOMPARE(tab.Boxes, QStringList());
+}
+
+void TestStatementPrinter::a_file_that_cannot_be_written_ends_silently()
+{
+    StatementTab tab(YearOf(u"ordinary-year"_s));
+    const QString path = tab.PrintTo(u"no such folder/bills.pdf"_s);
+    QTest::ignoreMessage(QtWarningMsg, "QPainter::begin(): Returned false");
+    tab.Click("Command6");
+    QVERIFY(!QFile::exists(path));
+    QCOMPARE(tab.Boxes, QStringList());
+    QCOMPARE(QGuiApplication::overrideCursor(), nullptr);
+}
+
+void TestStatementPrinter::a_bill_that_stopped_half_way_is_printed_as_it_is()
+{
+    StatementTab tab(YearOf(u"new-member"_s));
+    const QString path = tab.PrintTo(u"bills.pdf"_s);
+    tab.Click("Command6");
+    QCOMPARE(PagesOfPdf(path), 7);
+    QVERIFY(TextOfPdfPage(path, 6).contains(u"18 Gesamtsumme"_s));
+    QVERIFY(!TextOfPdfPage(path, 6).contains(u"€"_s));
+}
+
+void TestStatementPrinter::the_printer_is_set_to_a4_portrait_300_dots()
+{
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setPageSize(QPageSize(QPageSize::Letter));
+    printer.setPageOrientation(QPageLayout::Landscape);
+    SetUpPrinter(printer);
+    QCOMPARE(printer.pageLayout().pageSize().id(), QPageSize::A4);
+    QCOMPARE(printer.pageLayout().orientation(), QPageLayout::Portrait);
+    QCOMPARE(printer.resolution(), 300);
+    const QRectF printable = printer.pageRect(QPrinter::DevicePixel);
+    QVERIFY(qAbs(printable.width() - 2480) <= 1);
+    QVERIFY(qAbs(printable.height() - 3508) <= 1);
+}
+
+void TestStatementPrinter::the_dialog_offers_no_range_of_its_own()
+{
+    QPrinter printer(QPrinter::HighResolution);
+    QPrintDialog dialog(&printer);
+    PreparePrintDialog(dialog);
+    for (const auto option :
+        { QAbstractPrintDialog::PrintPageRange, QAbstractPrintDialog::PrintSelection,
+            QAbstractPrintDialog::PrintCurrentPage, QAbstractPrintDialog::PrintCollateCopies })
+        QVERIFY(!dialog.testOption(option));
+    QVERIFY(dialog.testOption(QAbstractPrintDialog::PrintToFile));
+    QCOMPARE(dialog.windowTitle(), u"Drucken"_s);
+    dialog.show();
+    const auto* range = dialog.findChild<QWidget*>(u"gbPrintRange"_s);
+    QVERIFY(range != nullptr);
+    QVERIFY(!range->isVisible());
+}
+
+void TestStatementPrinter::a_long_run_can_be_cancelled_between_pages()
+{
+    StatementTab tab(YearOf(u"large-club"_s));
+    tab.Show(1024, 700);
+    const QString path = tab.PrintTo(u"bills.pdf"_s);
+    CancelAtOnce user;
+    tab.Click("Command6");
+    QCOMPARE(user.seen, 1);
+    QCOMPARE(user.label, u"Seite 1 von 120 wird gedruckt …"_s);
+    QCOMPARE(user.button, u"Abbrechen"_s);
+    QVERIFY(user.busy);
+    QCOMPARE(PagesOfPdf(path), 1); // the page in hand is finished
+    QCOMPARE(QGuiApplication::overrideCursor(), nullptr);
+    QCOMPARE(tab.Boxes, QStringList());
+}
+
+void TestStatementPrinter::a_short_run_shows_no_box()
+{
+    StatementTab tab(YearOf(u"ordinary-year"_s));
+    tab.Show(1024, 700);
+    tab.PrintTo(u"bills.pdf"_s);
+    CancelAtOnce user;
+    tab.Click("Command6");
+    QCOMPARE(user.seen, 0);
+}
+
+QTEST_MAIN(TestStatementPrinter)
+#include "test_statement_printer.moc"
