@@ -85,8 +85,20 @@ QWidget* Robot::Control(const QString& name)
     return control;
 }
 
+void Robot::Activate()
+{
+    QWidget* modal = QApplication::activeModalWidget();
+    QWidget* front = modal != nullptr ? modal : Window;
+    if (front->isActiveWindow())
+        return;
+    front->activateWindow();
+    if (!QTest::qWaitForWindowActive(front))
+        Fault(QStringLiteral("this window does not come to the front: ") + front->windowTitle());
+}
+
 void Robot::ClickAt(QWidget* control, const QRect& area)
 {
+    Activate();
     ScrollTo(control);
     const QPoint point = control->mapToGlobal(area.center());
     const QWidget* hit = QApplication::widgetAt(point);
@@ -125,6 +137,7 @@ void Robot::Type(const QString& name, const QString& text)
 
 void Robot::Keys(const QString& text)
 {
+    Activate();
     if (QWidget* focus = QApplication::focusWidget())
         QTest::keyClicks(focus, text);
     else
@@ -133,6 +146,7 @@ void Robot::Keys(const QString& text)
 
 void Robot::Press(const QString& keys)
 {
+    Activate();
     const QKeySequence sequence(keys);
     QWindow* window = QGuiApplication::focusWindow();
     if (window == nullptr || sequence.count() != 1) {

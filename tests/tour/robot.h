@@ -70,6 +70,9 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    /// The window in front gets the keys: on a screen without a window manager nobody else gives
+    /// them back to the main window when a box was closed.
+    void Activate();
     void ClickAt(QWidget* control, const QRect& area);
     void Answer(QDialog& dialog);
     void AnswerBox(QDialog& box);
