@@ -108,9 +108,7 @@ ParsedDouble DoubleOf(const std::string& number, bool too_small)
     const auto end = std::from_chars(number.data(), number.data() + number.size(), value);
     if (end.ec == std::errc())
         return { NumberOutcome::Ok, value };
-    if (end.ec == std::errc::result_out_of_range)
-        return { too_small ? NumberOutcome::Ok : NumberOutcome::Overflow, 0.0 };
-    return {};
+    return { too_small ? NumberOutcome::Ok : NumberOutcome::Overflow, 0.0 }; // out of range
 }
 
 ParsedSingle Narrowed(const ParsedDouble& number)

@@ -288,13 +288,13 @@ private Q_SLOTS:
         const QStringList texts = { u""_s, u" "_s, u","_s, u"."_s, u"-"_s, u"+"_s, u"-,"_s, u"€"_s,
             u"€,"_s, u"0.25"_s, u"12.50"_s, u"12.5"_s, u"0.285"_s, u"0.00"_s, u"007.123"_s,
             u"1.2.3.4"_s, u"1.25"_s, u"1.2500"_s, u"1234.567"_s, u"1..234"_s, u".234"_s, u"5."_s,
-            u"1.,5"_s, u"1.234."_s, u"1,234.5"_s, u"1,2,3"_s, u"1,,2"_s, u"1e3"_s, u"1E+07"_s,
-            u"2,5E-02"_s, u"1D3"_s, u"&H10"_s, u"&O7"_s, u"0x10"_s, u"(3)"_s, u"3-"_s, u"- 7"_s,
-            u"--3"_s, u"+-3"_s, u"–5"_s, u"−5"_s, u"1 234,56"_s, u"1\u00A0234"_s, u"1\u202F234"_s,
-            u"€ €5"_s, u"€5€"_s, u"-€5"_s, u"5 $"_s, u"EUR 5"_s, u"24,00 EUR"_s, u"12kWh"_s,
-            u"5 m²"_s, u"50%"_s, u"inf"_s, u"nan"_s, u"INF"_s, u"Wahr"_s, u"１２,５"_s, u"²"_s,
-            u"٣"_s, u"03.02.2016"_s, u"12:30"_s, u"5;6"_s, u"1'234"_s, u"Bitte aktualisieren"_s,
-            QString(QChar(0)), u"5"_s + QChar(0), u"\uFEFF5"_s };
+            u"1.,5"_s, u"1.234."_s, u"1.2x4"_s, u"1x.234"_s, u"1,234.5"_s, u"1,2,3"_s, u"1,,2"_s,
+            u"1e3"_s, u"1E+07"_s, u"2,5E-02"_s, u"1D3"_s, u"&H10"_s, u"&O7"_s, u"0x10"_s, u"(3)"_s,
+            u"3-"_s, u"- 7"_s, u"--3"_s, u"+-3"_s, u"–5"_s, u"−5"_s, u"1 234,56"_s, u"1\u00A0234"_s,
+            u"1\u202F234"_s, u"€ €5"_s, u"€5€"_s, u"-€5"_s, u"5 $"_s, u"EUR 5"_s, u"24,00 EUR"_s,
+            u"12kWh"_s, u"5 m²"_s, u"50%"_s, u"inf"_s, u"nan"_s, u"INF"_s, u"Wahr"_s, u"１２,５"_s,
+            u"²"_s, u"٣"_s, u"03.02.2016"_s, u"12:30"_s, u"5;6"_s, u"1'234"_s,
+            u"Bitte aktualisieren"_s, QString(QChar(0)), u"5"_s + QChar(0), u"\uFEFF5"_s };
         for (const QString& text : texts)
             QTest::newRow(qPrintable(u'"' + text + u'"')) << text;
     }
@@ -517,6 +517,7 @@ private Q_SLOTS:
         QCOMPARE(FormatNumber(0.5, u"#.00"_s), u",50"_s);
         QCOMPARE(FormatNumber(0.05, u"#.0"_s), u",1"_s);
         QCOMPARE(FormatNumber(1234.5, u"0"_s), u"1235"_s);
+        QCOMPARE(FormatNumber(1234.5, u"0 €"_s), u"1235 €"_s);
         QCOMPARE(FormatNumber(-1.5, u"Saldo 0.0!"_s), u"-Saldo 1,5!"_s);
         QCOMPARE(FormatNumber(12.0, u"####0.00"_s), u"12,00"_s);
     }
