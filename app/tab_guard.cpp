@@ -2,7 +2,6 @@
 
 #include "app/program.h"
 #include "app/texts.h"
-#include "data/file_names.h"
 
 #include <QCoreApplication>
 #include <QLineEdit>
@@ -20,22 +19,6 @@ bool Confirmed(Program& program, const QString& question)
     box.icon = BoxIcon::Question;
     box.buttons = BoxButtons::YesNo;
     return program.Ask(box) == BoxAnswer::Yes;
-}
-
-/// The shown account's file, and the other one's when it has bookings that are not in its file yet.
-void SaveBothLedgers(Program& program)
-{
-    CashBookState& book = program.CashBook;
-    SaveLedger(program);
-    const QString& year = program.Year.YearText;
-    if (book.BankUnsaved) {
-        RewriteLines(program.Files, BankLedgerFileName(year), book.BankLedger);
-        book.BankUnsaved = false;
-    }
-    if (book.CashBoxUnsaved) {
-        RewriteLines(program.Files, CashBoxLedgerFileName(year), book.CashBoxLedger);
-        book.CashBoxUnsaved = false;
-    }
 }
 
 void AskForBalance(Program& program)
