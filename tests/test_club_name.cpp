@@ -1,0 +1,79 @@
+// Typing the club name at the first start.
+#include "tests/support/club.h"
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QMainWindow>
+#include <QPushButton>
+#include <QtTest>
+
+class TestClubName : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void typing_replaces_the_hint_and_saving_writes_one_line()
+    {
+        TestClub club;
+        club.Start({ 2017, 11, 20 });
+        club.program.Window.Window->show();
+        QVERIFY(QTest::qWaitForWindowActive(club.program.Window.Window));
+        auto* box = club.Control<QLineEdit>("Text5");
+        box->setFocus(Qt::TabFocusReason);
+        QTest::keyClicks(box, QStringLiteral("KGV M"));
+        QTest::sendKeyEvent(
+            QTest::Click, box, Qt::Key_Udiaeresis, QStringLiteral("ü"), Qt::NoModifier);
+        QTest::keyClicks(box, QStringLiteral("hle"));
+        QCOMPARE(box->text(), QStringLiteral("KGV Mühle"));
+        QTest::mouseClick(club.Control<QPushButton>("Command22"), Qt::LeftButton);
+        QCOMPARE(club.Read(QStringLiteral("V.dat")), QByteArray("KGV M\xfchle\r\n"));
+        QCOMPARE(club.Control<QLabel>("Label1(1)")->text(), QStringLiteral("KGV Mühle"));
+        QVERIFY(!box->isVisible());
+        QVERIFY(!club.Control<QPushButton>("Command22")->isVisible());
+    }
+
+    void an_empty_name_writes_an_empty_line_and_shows_nothing()
+    {
+        TestClub club;
+        club.Start({ 2017, 11, 20 });
+        club.Control<QLineEdit>("Text5")->clear();
+        QTest::mouseClick(club.Control<QPushButton>("Command22"), Qt::LeftButton);
+        QCOMPARE(club.Read(QStringLiteral("V.dat")), QByteArray("\r\n"));
+        QCOMPARE(club.Control<QLabel>("Label1(1)")->text(), QString());
+    }
+
+    void bills_and_account_title_show_the_new_name_at_once()
+    {
+        TestClub club;
+        club.CopyExample(QStringLiteral("ordinary-year"));
+        QFile::remove(club.Path(QStringLiteral("V.dat")));
+        club.Start({ 2017, 11, 20 });
+        club.Control<QLineEdit>("Text5")->setText(QStringLiteral("KGV Neu"));
+        QTest::mouseClick(club.Control<QPushButton>("Command22"), Qt::LeftButton);
+        const auto* name = std::get_if<PageText>(&club.program.Statement.FixedContents.at(0));
+        QVERIFY(name != nullptr);
+        QCOMPARE(name->text, QStringLiteral("KGV Neu"));
+        QCOMPARE(club.program.Statement.StatementTotals.size(), 8);
+        QCOMPARE(club.Control<QLabel>("Label21")->text(),
+            QStringLiteral("Konto KGV Neu Volksbank Rotenfeld"));
+    }
+
+    void a_name_that_cannot_be_written_is_reported_and_can_be_saved_again()
+    {
+        TestClub club;
+        club.Start({ 2017, 11, 20 });
+        QVERIFY(QDir().mkdir(club.Path(QStringLiteral("V.dat")))); // a folder in the file's place
+        club.Boxes.clear();
+        club.Control<QLineEdit>("Text5")->setText(QStringLiteral("KGV"));
+        QTest::mouseClick(club.Control<QPushButton>("Command22"), Qt::LeftButton);
+        QCOMPARE(club.Boxes.size(), 1);
+        QCOMPARE(club.Boxes.first().icon, BoxIcon::Error);
+        QVERIFY(club.Boxes.first().detail.contains(QStringLiteral("V.dat")));
+        QVERIFY(club.Control<QLineEdit>("Text5")->isVisibleTo(club.Window()));
+        QVERIFY(QDir().rmdir(club.Path(QStringLiteral("V.dat"))));
+        QTest::mouseClick(club.Control<QPushButton>("Command22"), Qt::LeftButton);
+        QCOMPARE(club.Read(QStringLiteral("V.dat")), QByteArray("KGV\r\n"));
+    }
+};
+
+QTEST_MAIN(TestClubName)
+#include "test_club_name.moc"
