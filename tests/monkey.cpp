@@ -1,0 +1,376 @@
+// A seeded random user over the whole window: keys, clicks, tab switches, years, answers to boxes.
+// After every step the promises that hold at any moment are checked. Steps and seed: arguments 1
+// and 2 (defaults below).
+#include "app/german.h"
+#include "controls/fields.h"
+#include "data/dates.h"
+#include "data/file_names.h"
+#include "data/german_numbers.h"
+#include "tests/support/club.h"
+
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QCalendarWidget>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDir>
+#include <QFile>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMainWindow>
+#include <QMap>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QRandomGenerator>
+#include <QScrollBar>
+#include <QTabWidget>
+#include <QTableView>
+#include <QTest>
+
+#include <cstdio>
+#include <cstdlib>
+
+namespace {
+
+constexpr int default_steps = 2000;
+constexpr quint32 default_seed = 20171120;
+
+struct Monkey {
+    TestClub Club;
+    QRandomGenerator Dice;
+    QString LastAction;
+    QMap<QString, int> Done; ///< how often each action was taken
+    int BoxCount = 0;
+    int SettledChecks = 0; ///< checks made while lists and files had to be alike
+    int Step = 0;
+    bool ErrorSinceLoad
+        = false; ///< an error box since the last complete load: lists and file may differ
+    QList<QLineEdit*> Fields;
+    QList<QPushButton*> Buttons;
+    QList<QAbstractItemView*> Lists;
+    QList<QCalendarWidget*> Calendars;
+    QList<QWidget*> Toggles;
+};
+
+int Below(Monkey& monkey, qsizetype bound)
+{
+    return static_cast<int>(monkey.Dice.bounded(static_cast<quint32>(bound)));
+}
+
+[[noreturn]] void Fail(const Monkey& monkey, const QString& what)
+{
+    std::fprintf(stderr, "monkey: step %d, after %s: %s\n", monkey.Step,
+        qPrintable(monkey.LastAction), qPrintable(what));
+    std::fprintf(stderr, "boxes: %s\n",
+        qPrintable(monkey.Club.BoxTexts()
+                       .mid(qMax<qsizetype>(0, monkey.Club.Boxes.size() - 5))
+                       .join(QLatin1Char('\n'))));
+    std::exit(1);
+}
+
+void Check(const Monkey& monkey, bool holds, const char* promise)
+{
+    if (!holds)
+        Fail(monkey, QString::fromUtf8(promise));
+}
+
+const QString& AnyText(Monkey& monkey)
+{
+    static const QStringList texts { QStringLiteral("12,50"), QStringLiteral("0,00"), QString(),
+        QStringLiteral("1200"), QStringLiteral("-3,5"), QStringLiteral("abc"),
+        QStringLiteral("Meier"), QStringLiteral("Schulze2"), QStringLiteral("von Łódź; Straße"),
+        QStringLiteral("01.12.2017"), QStringLiteral("31.12.2016"), QStringLiteral("1.3.17"),
+        QStringLiteral("Abrechnung Meier"), QStringLiteral("1.250,00"), QStringLiteral("€ m² ™"),
+        QStringLiteral("Meier,Anna"), QStringLiteral("99999999999999999999") };
+    return texts[Below(monkey, texts.size())];
+}
+
+/// One of the controls that the tab in front shows.
+template <typename Control> Control* AnyVisible(Monkey& monkey, const QList<Control*>& controls)
+{
+    QList<Control*> visible;
+    for (Control* control : controls) {
+        if (control->isVisibleTo(monkey.Club.Window()))
+            visible += control;
+    }
+    return visible.isEmpty() ? nullptr : visible[Below(monkey, visible.size())];
+}
+
+void TypeSomething(Monkey& monkey)
+{
+    QLineEdit* field = AnyVisible(monkey, monkey.Fields);
+    if (field == nullptr || field->isReadOnly())
+        return;
+    monkey.LastAction = QStringLiteral("typing into ") + field->objectName();
+    if (Below(monkey, 2) == 0)
+        QTest::mouseClick(field, Qt::LeftButton);
+    field->selectAll();
+    QTest::keyClick(field, Qt::Key_Delete);
+    for (const QChar letter : AnyText(monkey)) // key by key; QTest::keyClicks knows ASCII only
+        QTest::sendKeyEvent(QTest::Click, field, Qt::Key_unknown, QString(letter), Qt::NoModifier);
+    if (Below(monkey, 6) == 0)
+        QTest::keyClick(field, Qt::Key_Return);
+}
+
+void PressSomething(Monkey& monkey)
+{
+    QPushButton* button = AnyVisible(monkey, monkey.Buttons);
+    if (button == nullptr)
+        return;
+    monkey.LastAction = QStringLiteral("pressing ") + button->objectName();
+    QTest::mouseClick(button, Qt::LeftButton);
+}
+
+void PickSomething(Monkey& monkey)
+{
+    QAbstractItemView* list = AnyVisible(monkey, monkey.Lists);
+    const int rows = list == nullptr ? 0 : list->model()->rowCount();
+    if (rows == 0)
+        return;
+    monkey.LastAction = QStringLiteral("picking in ") + list->objectName();
+    const QModelIndex index = list->model()->index(Below(monkey, rows), 0);
+    list->scrollTo(index);
+    if (Below(monkey, 4) == 0)
+        QTest::keyClick(list, Below(monkey, 2) == 0 ? Qt::Key_Down : Qt::Key_Up);
+    else
+        QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualRect(index).center());
+}
+
+void PickADay(Monkey& monkey)
+{
+    QCalendarWidget* calendar = monkey.Calendars[Below(monkey, monkey.Calendars.size())];
+    monkey.LastAction = QStringLiteral("a day of ") + calendar->objectName();
+    const QDate day = QDate(2017, 1, 1).addDays(Below(monkey, 365));
+    calendar->setSelectedDate(day);
+    Q_EMIT calendar->clicked(day);
+}
+
+void ToggleSomething(Monkey& monkey)
+{
+    QWidget* toggle = monkey.Toggles[Below(monkey, monkey.Toggles.size())];
+    monkey.LastAction = QStringLiteral("toggling ") + toggle->objectName();
+    QTest::keyClick(toggle, Qt::Key_Space);
+}
+
+void ChangeTheTab(Monkey& monkey)
+{
+    monkey.LastAction = QStringLiteral("changing the tab");
+    monkey.Club.program.Window.SSTab1->setCurrentIndex(Below(monkey, 4));
+}
+
+void ScrollThePreview(Monkey& monkey)
+{
+    monkey.LastAction = QStringLiteral("scrolling");
+    QScrollBar* bar = monkey.Club.program.Preview.VScroll1;
+    bar->setValue(Below(monkey, bar->maximum() + 1));
+}
+
+/// Hands other than the program's: lines added to a file, last year's file taken away or given
+/// back.
+void MeddleWithFiles(Monkey& monkey)
+{
+    monkey.LastAction = QStringLiteral("meddling with files");
+    static const QByteArray lines[] = { "kurz;zeile\r\n", "a;b;c;d;e;f;g;h;i;j;k;l;m;n;o;p;q\r\n",
+        "Meier;Uwe;W 1;0 O/T;1;1;300;2;0,00;x;0,00;0,00;1;2;3;4\r\n", "\r\n", "ohne Zeilenende" };
+    const QString year = Below(monkey, 2) == 0 ? QStringLiteral("2016") : QStringLiteral("2017");
+    const QString name = QStringLiteral("Mitgliedsdaten") + year + QStringLiteral(".pz");
+    TestClub& club = monkey.Club;
+    switch (Below(monkey, 3)) {
+    case 0:
+        club.Write(name, club.Read(name) + lines[Below(monkey, 5)]);
+        break;
+    case 1:
+        if (year == QStringLiteral("2016"))
+            QFile::remove(club.Path(name));
+        break;
+    default:
+        club.CopyExample(QStringLiteral("ordinary-year"));
+        break;
+    }
+    monkey.ErrorSinceLoad = true; // the lists are older than the files until the next load
+}
+
+/// The club's own files again, the present year, "Laden": from here on lists and files are alike.
+void StartAfresh(Monkey& monkey)
+{
+    TestClub& club = monkey.Club;
+    club.CopyExample(QStringLiteral("ordinary-year"));
+    for (int i = 0; i < 50 && club.program.Year.YearText != QStringLiteral("2017"); ++i)
+        QTest::mouseClick(club.Control<QPushButton>("Command3(0)"), Qt::LeftButton);
+    club.Boxes.clear();
+    monkey.ErrorSinceLoad = false;
+    QTest::mouseClick(club.Control<QPushButton>("Command4"), Qt::LeftButton);
+    monkey.LastAction = QStringLiteral("starting afresh with Command4");
+}
+
+QString BalanceOf(const QStringList& lines)
+{
+    float balance = 0.0F;
+    for (const QString& line : lines) {
+        const QStringList fields = SplitRecord(line);
+        const auto amount = [&fields](int field) {
+            const ParsedSingle parsed = ParseSingle(FieldOrEmpty(fields, field));
+            return parsed.outcome == NumberOutcome::Ok ? parsed.value : 0.0F;
+        };
+        balance = amount(Deposit) + balance;
+        balance = balance - amount(Withdrawal);
+    }
+    return FormatNumber(balance, QStringLiteral("0.00 €"));
+}
+
+bool FileHolds(const Monkey& monkey, const QString& name, const QStringList& lines)
+{
+    if (!FileExists(monkey.Club.program.Files, name))
+        return lines.isEmpty();
+    return ReadBytes(monkey.Club.program.Files, name) == BytesOfLines(lines);
+}
+
+void CheckPromises(Monkey& monkey)
+{
+    const Program& program = monkey.Club.program;
+    const MemberLists& members = program.Members;
+    Check(monkey, members.RecordList.size() == members.NameList.size(), "as many names as records");
+    Check(monkey, program.Statement.StatementTotals.size() <= members.RecordList.size(),
+        "no more totals than members");
+    const bool settled = !monkey.ErrorSinceLoad && program.Year.LoadedYear == program.Year.YearText;
+    if (settled) {
+        ++monkey.SettledChecks;
+        Check(monkey, program.Statement.StatementTotals.size() == members.RecordList.size(),
+            "one total for every member");
+        Check(monkey, FileHolds(monkey, MembersFileName(program.Year.YearText), members.RecordList),
+            "the members file parses back to the record list");
+    }
+    const CashBookState& book = program.CashBook;
+    const QStringList& shown = book.CashBoxIsCurrent ? book.CashBoxLedger : book.BankLedger;
+    Check(monkey, program.CashBookTab.ListView1->model()->rowCount() == shown.size(),
+        "one row for every booking");
+    Check(monkey, program.CashBookTab.BalanceLabel->text() == BalanceOf(shown),
+        "the balance is the sum of the lines");
+    Check(monkey,
+        book.CashBoxIsCurrent
+            == (program.CashBookTab.Command15->text() == QStringLiteral("Konto Sparkasse")),
+        "the caption of the account button is the state");
+    Check(monkey, program.Errors.Depth == 0 && !program.Errors.Showing, "no handler is left open");
+    const QStringList strangers = QDir(program.Files.DataDirectory)
+                                      .entryList({ QStringLiteral("*.tmp"), QStringLiteral("*~") });
+    Check(monkey, strangers.isEmpty(), "no file of ours lies among the data");
+}
+
+/// What may change in the ledgers in one step: one booking more or less, or a whole reload.
+void CheckLedgerSteps(Monkey& monkey, const CashBookState& before, const QString& loaded_before)
+{
+    const CashBookState& after = monkey.Club.program.CashBook;
+    const bool reloaded = monkey.LastAction.contains(QStringLiteral("Command4"))
+        || monkey.LastAction.contains(QStringLiteral("Command1("))
+        || monkey.LastAction.contains(QStringLiteral("Command2"))
+        || monkey.LastAction.contains(QStringLiteral("Command15"))
+        || monkey.LastAction.contains(QStringLiteral("Command11"))
+        || monkey.LastAction.contains(QStringLiteral("Text1("))
+        || loaded_before != monkey.Club.program.Year.LoadedYear;
+    if (reloaded)
+        return;
+    const qsizetype bank = after.BankLedger.size() - before.BankLedger.size();
+    const qsizetype cash = after.CashBoxLedger.size() - before.CashBoxLedger.size();
+    Check(monkey, qAbs(bank) + qAbs(cash) <= 1, "at most one booking comes or goes in a step");
+    const bool removed = bank < 0 || cash < 0;
+    Check(monkey, !removed || monkey.LastAction.contains(QStringLiteral("Command12(1)")),
+        "a booking goes only through its button");
+}
+
+void OneStep(Monkey& monkey)
+{
+    struct Way {
+        int share;
+        void (*routine)(Monkey&);
+    };
+    static constexpr Way ways[] = { { 40, TypeSomething }, { 30, PressSomething },
+        { 30, PickSomething }, { 6, PickADay }, { 4, ToggleSomething }, { 10, ChangeTheTab },
+        { 4, ScrollThePreview }, { 1, MeddleWithFiles }, { 2, StartAfresh } };
+    int all = 0;
+    for (const Way& way : ways)
+        all += way.share;
+    int ball = Below(monkey, all);
+    for (const Way& way : ways) {
+        ball -= way.share;
+        if (ball < 0)
+            return way.routine(monkey);
+    }
+}
+
+void Prepare(Monkey& monkey)
+{
+    TestClub& club = monkey.Club;
+    Program& program = club.program;
+    club.CopyExample(QStringLiteral("ordinary-year"));
+    QDir(club.Folder.path()).mkdir(QStringLiteral("stick"));
+    program.Ask = [&monkey](const MessageBox& box) {
+        monkey.Club.Boxes += box;
+        ++monkey.BoxCount;
+        if (monkey.Club.Boxes.size() > 20)
+            monkey.Club.Boxes.removeFirst();
+        if (box.icon == BoxIcon::Error)
+            monkey.ErrorSinceLoad = true;
+        const bool first = Below(monkey, 2) == 0;
+        if (box.buttons == BoxButtons::YesNo)
+            return first ? BoxAnswer::Yes : BoxAnswer::No;
+        return box.buttons == BoxButtons::Ok || first ? BoxAnswer::Ok : BoxAnswer::Cancel;
+    };
+    club.Start({ 2017, 11, 20 });
+    const QString stick = club.Folder.filePath(QStringLiteral("stick"));
+    program.Backup.FindDrive = [stick] { return stick; };
+    program.Preview.ShowPrintDialog = [](QPrinter&) { return false; }; // the dialog is cancelled
+
+    const QMainWindow* window = program.Window.Window;
+    monkey.Fields = window->findChildren<QLineEdit*>();
+    erase_if(monkey.Fields, [](const QLineEdit* field) { return field->objectName().isEmpty(); });
+    monkey.Buttons = window->findChildren<QPushButton*>();
+    erase_if(monkey.Buttons, [&program](const QPushButton* button) {
+        return button->objectName().isEmpty() || button == program.Window.Command8;
+    });
+    for (const char* name : { "List1", "List4", "List9", "ListView1", "ListView2" })
+        monkey.Lists += club.Control<QAbstractItemView>(name);
+    for (const char* name : { "Cal3", "Calendar1", "Calendar2" })
+        monkey.Calendars += club.Control<QCalendarWidget>(name);
+    for (const char* name : { "Check1", "Check2", "Option1", "Option2" })
+        monkey.Toggles += club.Control<QWidget>(name);
+}
+
+} // namespace
+
+int main(int argument_count, char** arguments)
+{
+    QApplication application(argument_count, arguments);
+    InstallGerman(application);
+    const int steps = argument_count > 1 ? std::atoi(arguments[1]) : default_steps;
+    const quint32 seed = argument_count > 2
+        ? static_cast<quint32>(std::strtoul(arguments[2], nullptr, 10))
+        : default_seed;
+
+    Monkey monkey;
+    monkey.Dice.seed(seed);
+    Prepare(monkey);
+    CheckPromises(monkey);
+    for (monkey.Step = 1; monkey.Step <= steps; ++monkey.Step) {
+        const CashBookState before = monkey.Club.program.CashBook;
+        const QString loaded_before = monkey.Club.program.Year.LoadedYear;
+        monkey.LastAction.clear();
+        OneStep(monkey);
+        if (monkey.LastAction == QStringLiteral("pressing Command4") && monkey.Club.Boxes.isEmpty())
+            monkey.ErrorSinceLoad = false;
+        CheckLedgerSteps(monkey, before, loaded_before);
+        CheckPromises(monkey);
+        ++monkey.Done[monkey.LastAction];
+        monkey.Club.Boxes.clear();
+        QCoreApplication::processEvents();
+    }
+    if (qEnvironmentVariableIsSet("MONKEY_TELLS")) {
+        for (auto action = monkey.Done.cbegin(); action != monkey.Done.cend(); ++action)
+            std::printf("%6d %s\n", action.value(), qPrintable(action.key()));
+        std::printf("%6d boxes\n%6d checks of lists against files\n", monkey.BoxCount,
+            monkey.SettledChecks);
+    }
+    if (steps >= 1000 && (monkey.SettledChecks < steps / 10 || monkey.BoxCount == 0))
+        Fail(monkey, QStringLiteral("the walk was too quiet to prove anything"));
+    std::printf("monkey: %d steps, seed %u, every promise held\n", steps, seed);
+    return 0;
+}
