@@ -146,6 +146,8 @@ void BuildSettingsTab(Program& program, QWidget* tab)
     scroll->setWidgetResizable(true);
     scroll->setFocusPolicy(Qt::NoFocus);
     scroll->setWidget(BuildPage(program, scroll));
+    scroll->viewport()->setAutoFillBackground(false); // the tab's own ground, as on the other tabs
+    scroll->widget()->setAutoFillBackground(false);
     auto* whole = new QVBoxLayout(tab);
     whole->setContentsMargins(0, 0, 0, 0);
     whole->addWidget(scroll);
