@@ -196,4 +196,3 @@ void ShowLedgerRow(Program& program, qsizetype row)
     else
         view->scrollTo(program.CashBookTab.Ledger->index(static_cast<int>(row), 0));
 }
-
