@@ -135,6 +135,7 @@ QWidget* BuildBackupFrame(Program& program, QWidget* parent)
     form.PB1->setRange(0, 100);
     form.PB1->setValue(form.PB1->minimum());
     form.PB1->setTextVisible(false);
+    form.PB1->setMaximumHeight(form.PB1->fontMetrics().height()); // a bar, not an empty field
     form.PB1->setAccessibleName(QStringLiteral("Fortschritt der Datensicherung"));
 
     auto* grid = new QGridLayout(frame);

@@ -20,7 +20,8 @@ namespace {
 // The page is laid out in screen pixels and scaled: pictures and text keep their proportions.
 constexpr int pixels_per_inch = 96;
 constexpr int printer_dots_per_inch = 1200;
-constexpr QMarginsF margins(18, 16, 18, 22); // millimetres; the lower one holds the page number
+constexpr QMarginsF margins(15, 13, 15, 19); // millimetres; the lower one holds the page number
+constexpr int inner_margin = 12; // pixels; keeps what is above and below a page break apart
 
 int PageOf(const QTextDocument& document, const QTextBlock& block)
 {
@@ -90,12 +91,10 @@ void PrintPages(QTextDocument& document, QPdfWriter& writer)
             writer.newPage();
         painter.save();
         painter.translate(0, -(number - 1) * page.height());
-        // the ground of the next page's first line reaches a little above it
-        painter.setClipRect(
-            QRectF(0, (number - 1) * page.height(), page.width(), page.height() - 1.5));
+        painter.setClipRect(QRectF(QPointF(0, (number - 1) * page.height()), page));
         document.drawContents(&painter, QRectF(QPointF(0, (number - 1) * page.height()), page));
         painter.restore();
-        painter.drawText(QRectF(0, page.height() + 16, page.width(), 24), Qt::AlignHCenter,
+        painter.drawText(QRectF(0, page.height() + 8, page.width(), 24), Qt::AlignHCenter,
             QString::number(number));
     }
 }
@@ -121,9 +120,11 @@ int main(int argument_count, char** arguments)
     font.setPixelSize(13);
     document.setDefaultFont(font);
     document.setUseDesignMetrics(true);
-    document.setDocumentMargin(0);
+    document.setDocumentMargin(inner_margin);
     document.setBaseUrl(QUrl::fromLocalFile(QFileInfo(html).absoluteFilePath()));
-    document.setHtml(QString::fromUtf8(html.readAll()));
+    QString page = QString::fromUtf8(html.readAll());
+    page.replace(QStringLiteral(".png\""), QStringLiteral("@2x.png\"")); // paper shows every dot
+    document.setHtml(page);
     document.setPageSize(writer.pageLayout().paintRectPixels(pixels_per_inch).size());
     KeepHeadingsWithText(document);
     AddPageNumbersToContents(document);
