@@ -28,7 +28,7 @@ struct Meter {
     const QString& previous_price;
     bool prepaid; ///< the prepayment for next year applies
     QString price_key; ///< key of the price in the settings file
-    QStringList rows; ///< element names: consumption, deduction, prepayment
+    QString elements[4]; ///< quantity, amount, deduction, prepayment
     int tops[3];
     int deduction_edge;
 };
@@ -46,15 +46,39 @@ void AddAmount(Bill& bill, const QString& element, int right_edge, int y, double
     AddRightAligned(bill.page, element, right_edge, y, FormatNumber(Finite(value, bill), format));
 }
 
+// Places of errors are put together only when there is an error: a bill asks for forty fields.
+
 const QString& Field(const Bill& bill, int field)
 {
+    if (field < bill.fields.size())
+        return bill.fields[field];
     return FieldAt(bill.fields, field, ShortRecordPlace(bill.source, bill.member, field));
 }
 
 const QString& PreviousField(const Bill& bill, int field)
 {
+    if (field < bill.previous_fields.size())
+        return bill.previous_fields[field];
     return FieldAt(
         bill.previous_fields, field, ShortPreviousRecordPlace(bill.source, bill.member, field));
+}
+
+/// The empty text counts as 0.
+template <typename MakePlace> double Amount(const QString& text, MakePlace place)
+{
+    const ParsedDouble parsed = ParseDouble(text);
+    return parsed.outcome == NumberOutcome::Ok ? parsed.value : AmountOf(text, place());
+}
+
+template <typename MakePlace> float Reading(const QString& text, MakePlace place)
+{
+    const ParsedSingle parsed = ParseSingle(text);
+    return parsed.outcome == NumberOutcome::Ok ? parsed.value : SingleOf(text, place());
+}
+
+double Price(const Bill& bill, const QString& key, const QString& text)
+{
+    return Amount(text, [&] { return PricePlace(bill.source, key, text); });
 }
 
 /// Single precision: two single readings, one single difference.
@@ -69,7 +93,8 @@ float Consumption(const Bill& bill, const Meter& meter)
 {
     const auto reading = [&](int field) {
         const QString& text = bill.fields[field];
-        return SingleOf(text, MemberFieldPlace(bill.source, bill.member, field, text));
+        return Reading(
+            text, [&] { return MemberFieldPlace(bill.source, bill.member, field, text); });
     };
     const float end = reading(meter.end_field);
     return Difference(end, reading(meter.start_field), bill);
@@ -79,51 +104,62 @@ float PreviousConsumption(const Bill& bill, const Meter& meter)
 {
     const auto reading = [&](int field) {
         const QString& text = bill.previous_fields[field];
-        return SingleOf(text, PreviousFieldPlace(bill.source, bill.member, field, text));
+        return Reading(
+            text, [&] { return PreviousFieldPlace(bill.source, bill.member, field, text); });
     };
     const float end = reading(meter.end_field);
     return Difference(end, reading(meter.start_field), bill);
 }
 
-/// Rows 1 to 3 or 6 to 8; returns their sum as drawn.
-double DrawMeterRows(Bill& bill, const Meter& meter)
-{
-    const bool charged = !Field(bill, meter.end_field).isEmpty()
-        && !Field(bill, meter.start_field).isEmpty() && !meter.price.isEmpty();
+/// What this year's consumption costs and what of it is asked for in advance.
+struct Charge {
     double amount = 0.0;
     double prepayment = 0.0;
-    QString quantity_text = u"0"_s;
-    float quantity = 0.0F;
-    if (charged) {
-        // A difference that rounds to zero from below has no sign.
-        quantity
-            = static_cast<float>(RoundTo(static_cast<double>(Consumption(bill, meter)), 0)) + 0.0F;
-        quantity_text = TextOfSingle(quantity);
-    }
-    AddRightAligned(
-        bill.page, meter.rows[0] + u"_quantity"_s, QuantityEdge, meter.tops[0], quantity_text);
-    if (charged) {
-        const double cost = static_cast<double>(quantity)
-            * NumberOf(meter.price, PricePlace(bill.source, meter.price_key, meter.price));
-        amount = RoundTo(Finite(cost, bill), 2);
-        AddAmount(bill, meter.rows[0] + u"_amount"_s, AmountEdge, meter.tops[0], amount);
-        if (meter.prepaid)
-            prepayment = RoundTo(cost, 0);
-    }
+};
 
+/// Row 1 or 6. Without both readings and a price "0" is drawn and the amount cell stays empty.
+Charge DrawConsumption(Bill& bill, const Meter& meter)
+{
+    if (Field(bill, meter.end_field).isEmpty() || Field(bill, meter.start_field).isEmpty()
+        || meter.price.isEmpty()) {
+        AddRightAligned(bill.page, meter.elements[0], QuantityEdge, meter.tops[0], u"0"_s);
+        return {};
+    }
+    // A difference that rounds to zero from below has no sign.
+    const float quantity
+        = static_cast<float>(RoundTo(static_cast<double>(Consumption(bill, meter)), 0)) + 0.0F;
+    AddRightAligned(
+        bill.page, meter.elements[0], QuantityEdge, meter.tops[0], TextOfSingle(quantity));
+    const double cost
+        = Finite(static_cast<double>(quantity) * Price(bill, meter.price_key, meter.price), bill);
+    const Charge charge { RoundTo(cost, 2), meter.prepaid ? RoundTo(cost, 0) : 0.0 };
+    AddAmount(bill, meter.elements[1], AmountEdge, meter.tops[0], charge.amount);
+    return charge;
+}
+
+/// Row 2 or 7: what was paid in advance last year, whenever both readings of last year are there.
+double DrawDeduction(Bill& bill, const Meter& meter)
+{
     double deduction = 0.0;
     if (!PreviousField(bill, meter.end_field).isEmpty()
         && !PreviousField(bill, meter.start_field).isEmpty()) {
         // Not rounded before it is multiplied, unlike this year's consumption.
         const double consumption = static_cast<double>(PreviousConsumption(bill, meter));
-        const double price = AmountOf(meter.previous_price,
-            PreviousPricePlace(bill.source, meter.price_key, meter.previous_price));
+        const double price = Amount(meter.previous_price,
+            [&] { return PreviousPricePlace(bill.source, meter.price_key, meter.previous_price); });
         deduction = RoundTo(Finite(consumption * price, bill), 0);
     }
-    AddAmount(bill, meter.rows[1] + u"_amount"_s, meter.deduction_edge, meter.tops[1], deduction,
-        u"-0.00"_s);
-    AddAmount(bill, meter.rows[2] + u"_amount"_s, AmountEdge, meter.tops[2], prepayment);
-    return amount - deduction + prepayment;
+    AddAmount(bill, meter.elements[2], meter.deduction_edge, meter.tops[1], deduction, u"-0.00"_s);
+    return deduction;
+}
+
+/// Rows 1 to 3 or 6 to 8; returns their sum as drawn.
+double DrawMeterRows(Bill& bill, const Meter& meter)
+{
+    const Charge charge = DrawConsumption(bill, meter);
+    const double deduction = DrawDeduction(bill, meter);
+    AddAmount(bill, meter.elements[3], AmountEdge, meter.tops[2], charge.prepayment);
+    return charge.amount - deduction + charge.prepayment;
 }
 
 void DrawAddress(Bill& bill)
@@ -142,10 +178,10 @@ double DrawElectricity(Bill& bill)
     double sum = DrawMeterRows(bill,
         { ElectricityStart, ElectricityEnd, prices.ElectricityPrice,
             prices.PreviousElectricityPrice, prices.ElectricityPrepayment == 1, u"Stromkosten"_s,
-            { u"row_1"_s, u"row_2"_s, u"row_3"_s }, { Row1, Row2, Row3 }, AmountEdge });
+            { u"row_1_quantity"_s, u"row_1_amount"_s, u"row_2_amount"_s, u"row_3_amount"_s },
+            { Row1, Row2, Row3 }, AmountEdge });
     const QString& charge = prices.FlatEnergyCharge;
-    const double flat
-        = RoundTo(AmountOf(charge, PricePlace(bill.source, u"Energiepauschale"_s, charge)), 2);
+    const double flat = RoundTo(Price(bill, u"Energiepauschale"_s, charge), 2);
     AddAmount(bill, u"row_4_amount"_s, AmountEdge, Row4, flat);
     sum += flat;
     AddAmount(bill, u"row_5_subtotal"_s, SubtotalEdge, Row5, sum);
@@ -157,7 +193,8 @@ double DrawWater(Bill& bill)
     const PriceSettings& prices = bill.source.Prices;
     const double sum = DrawMeterRows(bill,
         { WaterStart, WaterEnd, prices.WaterPrice, prices.PreviousWaterPrice,
-            prices.WaterPrepayment == 1, u"Wasserkosten"_s, { u"row_6"_s, u"row_7"_s, u"row_8"_s },
+            prices.WaterPrepayment == 1, u"Wasserkosten"_s,
+            { u"row_6_quantity"_s, u"row_6_amount"_s, u"row_7_amount"_s, u"row_8_amount"_s },
             { Row6, Row7, Row8 }, WaterPrepaymentEdge });
     AddAmount(bill, u"row_9_subtotal"_s, SubtotalEdge, Row9, sum);
     return sum;
@@ -166,7 +203,7 @@ double DrawWater(Bill& bill)
 double DrawMembershipFee(Bill& bill)
 {
     const QString& fee = bill.source.Prices.MembershipFee;
-    const double amount = RoundTo(AmountOf(fee, PricePlace(bill.source, u"Beitrag"_s, fee)), 2);
+    const double amount = RoundTo(Price(bill, u"Beitrag"_s, fee), 2);
     AddAmount(bill, u"row_10_subtotal"_s, SubtotalEdge, Row10, amount);
     return amount;
 }
@@ -178,9 +215,8 @@ double DrawPlotCharge(
     const QString& size = Field(bill, PlotSize);
     AddRightAligned(bill.page, row + u"_quantity"_s, QuantityEdge, y, size);
     const double square_metres
-        = AmountOf(size, MemberFieldPlace(bill.source, bill.member, PlotSize, size));
-    const double amount
-        = square_metres * AmountOf(price, PricePlace(bill.source, price_key, price));
+        = Amount(size, [&] { return MemberFieldPlace(bill.source, bill.member, PlotSize, size); });
+    const double amount = square_metres * Price(bill, price_key, price);
     const double rounded = RoundTo(Finite(amount, bill), 2);
     AddAmount(bill, row + u"_subtotal"_s, SubtotalEdge, y, rounded);
     return rounded;
@@ -200,7 +236,9 @@ double DrawInsurances(Bill& bill)
     for (const Premium& premium : premiums) {
         const QString& text = Field(bill, premium.field);
         const double amount = RoundTo(
-            AmountOf(text, MemberFieldPlace(bill.source, bill.member, premium.field, text)), 2);
+            Amount(text,
+                [&] { return MemberFieldPlace(bill.source, bill.member, premium.field, text); }),
+            2);
         AddAmount(bill, premium.element, AmountEdge, premium.y, amount);
         sum += amount;
     }

@@ -58,6 +58,13 @@ struct LaidOutText {
     int width = 0;
 };
 
+/// What can be seen of a text: no character that prints is narrower than a page pixel.
+QString VisiblePart(const PageText& text)
+{
+    constexpr qsizetype enough = 4 * PageWidth; // control characters have no width
+    return text.right_aligned ? text.text.right(enough) : text.text.left(enough);
+}
+
 LaidOutText LayOut(const QString& text, const QRawFont& design, int pixel_size)
 {
     LaidOutText laid_out;
@@ -101,7 +108,7 @@ struct Player {
     {
         const int pixel_size = PixelSize(text.point_size);
         const QRawFont& design = Design(text.bold);
-        const LaidOutText laid_out = LayOut(text.text, design, pixel_size);
+        const LaidOutText laid_out = LayOut(VisiblePart(text), design, pixel_size);
         const int left = text.right_aligned ? text.x - laid_out.width : text.x;
         const int baseline = text.y + Rounded(design.ascent() * pixel_size / design.unitsPerEm());
 

@@ -79,7 +79,7 @@ double Convert(const QPrinter& printer, double length, int from_mode, int to_mod
     return inches * (to_mode == HimetricMode ? himetric_per_inch : printer.resolution());
 }
 
-void PaintPage(Run& run, qsizetype index, double left, double top, double width)
+void PaintPage(Run& run, qsizetype index, double left, double top, double width, double height)
 {
     if (!run.painter.isActive() && !run.painter.begin(&run.printer))
         throw RuntimeError { ErrorKind::File, {}, u"Der Drucker ist nicht bereit"_s };
@@ -87,6 +87,7 @@ void PaintPage(Run& run, qsizetype index, double left, double top, double width)
     const PageContents contents = ContentsOfPage(run.statement, index);
     run.painter.save();
     run.painter.translate(left, top);
+    run.painter.setClipRect(QRectF(0, 0, width, height)); // a page ends at its edge
     for (const PageItems* items : { contents.fixed, contents.member }) {
         if (items != nullptr)
             PlayPage(run.painter, *items, width / PageWidth);
@@ -120,9 +121,8 @@ PrintDevice DeviceOf(Run& run)
     device.ScaleMode = [] { return dot_mode; };
     device.ScaleX = convert;
     device.ScaleY = convert;
-    device.PaintPicture = [&run](qsizetype index, double left, double top, double width, double) {
-        PaintPage(run, index, left, top, width);
-    };
+    device.PaintPicture = [&run](qsizetype index, double left, double top, double width,
+                              double height) { PaintPage(run, index, left, top, width, height); };
     device.NewPage = [&run] { BeginSheet(run); };
     device.EndDoc = [&run] { run.painter.end(); };
     return device;

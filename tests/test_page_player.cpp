@@ -125,6 +125,7 @@ private Q_SLOTS:
     void units_and_table_head_fall_into_their_columns();
     void numbers_end_at_their_right_edge();
     void control_characters_have_no_width_and_no_ink();
+    void what_runs_past_the_edge_of_the_page_changes_nothing();
     void no_word_of_any_example_crosses_a_line();
     void lines_are_whole_black_pixels_at_every_device_pixel_ratio_data();
     void lines_are_whole_black_pixels_at_every_device_pixel_ratio();
@@ -243,6 +244,22 @@ void TestPagePlayer::control_characters_have_no_width_and_no_ink()
     PlayPage(painter, page, 1.0);
     painter.end();
     QCOMPARE(image, empty);
+}
+
+void TestPagePlayer::what_runs_past_the_edge_of_the_page_changes_nothing()
+{
+    const auto picture = [](qsizetype characters) {
+        PageItems page;
+        AddText(page, u"club_name"_s, 35, 60, QString(characters, u'i'), ClubNameStyle);
+        AddRightAligned(page, u"row_1_factor"_s, FactorEdge, Row1, QString(characters, u'1'));
+        QImage image(PageWidth, PageHeight, QImage::Format_RGB32);
+        image.fill(Qt::white);
+        QPainter painter(&image);
+        PlayPage(painter, page, 1.0);
+        return image;
+    };
+    QCOMPARE(picture(1000000), picture(1000));
+    QVERIFY(picture(1000) != picture(50));
 }
 
 void TestPagePlayer::no_word_of_any_example_crosses_a_line()
