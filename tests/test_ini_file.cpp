@@ -120,7 +120,8 @@ private Q_SLOTS:
         QCOMPARE(WithIniValue(with_nul, "S", "k", "2"), with_nul + "[S]\r\nk=2\r\n");
         QCOMPARE(WithIniValue("[S]\r\nk=1\r\n\x1a", "S", "l", "2"),
             QByteArray("[S]\r\nk=1\r\nl=2\r\n\x1a"));
-        const QByteArray odd("\xff;x\r\r\n\n[S] rest\n a\t=\t1 \r;c\n\n[T\nk=\0\r\n", 39);
+        const char bytes[] = "\xff;x\r\r\n\n[S] rest\n a\t=\t1 \r;c\n\n[T\nk=\0\r\n";
+        const QByteArray odd(bytes, sizeof(bytes) - 1);
         const QByteArray changed = WithIniValue(odd, "S", "A", " 2 ");
         QCOMPARE(changed, QByteArray(odd).replace(" a\t=\t1 \r", "a= 2 \r\n"));
     }
