@@ -14,7 +14,7 @@ void ReadClubName(Program& program)
     program.Window.Text5->setVisible(!is_there);
     program.Window.Command22->setVisible(!is_there);
     if (is_there)
-        program.ClubName = ReadLines(program.Files, ClubNameFile).value(0);
+        program.ClubName = ReadFirstLine(program.Files, ClubNameFile);
 }
 
 void ShowClubName(Program& program)

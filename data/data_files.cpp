@@ -37,9 +37,8 @@ QString StateHome()
 
 QString TooLargeRemedy()
 {
-    return QStringLiteral("Mehr als %1 MB hat keine Datei dieses Programms. Bitte prüfen, ob sie "
-                          "beschädigt ist.")
-        .arg(LargestFile / 1024 / 1024);
+    return QStringLiteral("So groß ist keine Datei dieses Programms. Bitte prüfen, ob sie "
+                          "beschädigt ist.");
 }
 
 QString ReadRemedy(int error, const QString& folder)

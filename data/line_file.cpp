@@ -55,6 +55,16 @@ std::optional<RedoRecord> Noted(const DataFiles& files, const QString& name)
     return record;
 }
 
+QByteArray ReadUpTo(const DataFiles& files, const QString& name, qint64 largest)
+{
+    const std::optional<RedoRecord> record = Noted(files, name);
+    QByteArray content;
+    const int error = record ? 0 : ReadFileBytes(PathOf(files, name), content, largest);
+    if (error != 0)
+        throw FileError(files, name, error, FileDeed::Read);
+    return record ? record->content : content;
+}
+
 } // namespace
 
 bool FileExists(const DataFiles& files, const QString& name)
@@ -68,18 +78,17 @@ bool FileExists(const DataFiles& files, const QString& name)
 
 QByteArray ReadBytes(const DataFiles& files, const QString& name)
 {
-    if (const std::optional<RedoRecord> record = Noted(files, name))
-        return record->content;
-    QByteArray content;
-    const int error = ReadFileBytes(PathOf(files, name), content);
-    if (error != 0)
-        throw FileError(files, name, error, FileDeed::Read);
-    return content;
+    return ReadUpTo(files, name, LargestFile);
+}
+
+QByteArray ReadTextBytes(const DataFiles& files, const QString& name)
+{
+    return ReadUpTo(files, name, LargestText);
 }
 
 QStringList ReadLines(const DataFiles& files, const QString& name, qsizetype most_lines)
 {
-    const QByteArray content = ReadBytes(files, name);
+    const QByteArray content = ReadTextBytes(files, name);
     QStringList lines;
     for (qsizetype begin = 0; begin < content.size();) {
         const qsizetype end = EndOfLine(content, begin);
@@ -92,7 +101,7 @@ QStringList ReadLines(const DataFiles& files, const QString& name, qsizetype mos
 
 QString ReadFirstLine(const DataFiles& files, const QString& name)
 {
-    const QByteArray content = ReadBytes(files, name);
+    const QByteArray content = ReadTextBytes(files, name);
     const qsizetype end = EndOfLine(content, 0);
     CheckLine(FileNameOf(name), 1, end, MostLines);
     return DecodeAnsi(content.left(end));
@@ -111,5 +120,9 @@ void RewriteLines(
 {
     for (qsizetype i = 0; i < lines.size(); ++i)
         CheckLine(FileNameOf(name), i + 1, lines[i].size(), most_lines);
-    RewriteFile(files, name, BytesOfLines(lines));
+    const QByteArray content = BytesOfLines(lines);
+    if (content.size() > LargestText)
+        throw FileError(files, name, FileTooLarge, FileDeed::Write,
+            QStringLiteral("Es wurde nicht gespeichert."));
+    RewriteFile(files, name, content);
 }

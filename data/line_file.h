@@ -18,14 +18,21 @@ bool FileExists(const DataFiles& files, const QString& name);
 /// read.
 QByteArray ReadBytes(const DataFiles& files, const QString& name);
 
+/// Bytes. A club of 32,767 members has a file of some six million; a damaged one of a hundred would
+/// keep the window busy for a long time before anybody could say so.
+constexpr qint64 LargestText = 32LL * 1024 * 1024;
+
+/// ReadBytes for a file of text: throws RuntimeError (File) for more than LargestText.
+QByteArray ReadTextBytes(const DataFiles& files, const QString& name);
+
 /// Positions in the lists are 16-bit numbers, and a text field holds as many characters: a longer
 /// file or line could be loaded but not shown and saved without loss.
 constexpr qsizetype MostLines = 32767;
 constexpr qsizetype LongestLine = 32767;
 
 /// The lines of a file: a line ends at CR LF (not part of the line), the last one may lack it; an
-/// empty file has none. A lone CR or LF belongs to its line. Throws RuntimeError (File; Overflow
-/// beyond most_lines or LongestLine).
+/// empty file has none. A lone CR or LF belongs to its line. Throws RuntimeError (File, also beyond
+/// LargestText; Overflow beyond most_lines or LongestLine).
 QStringList ReadLines(
     const DataFiles& files, const QString& name, qsizetype most_lines = MostLines);
 
@@ -35,7 +42,6 @@ QString ReadFirstLine(const DataFiles& files, const QString& name);
 /// The bytes of a file with these lines, each ended by CR LF.
 QByteArray BytesOfLines(const QStringList& lines);
 
-/// RewriteFile with BytesOfLines. Throws RuntimeError Overflow, and changes nothing, for what
-/// ReadLines would refuse.
+/// RewriteFile with BytesOfLines. Throws, and changes nothing, for what ReadLines would refuse.
 void RewriteLines(const DataFiles& files, const QString& name, const QStringList& lines,
     qsizetype most_lines = MostLines);

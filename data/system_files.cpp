@@ -66,9 +66,9 @@ int CheckRegular(const Descriptor& file, qint64& size)
     return 0;
 }
 
-int ReadAll(const Descriptor& file, qint64 expected, QByteArray& content)
+int ReadAll(const Descriptor& file, qint64 expected, QByteArray& content, qint64 largest)
 {
-    if (expected > LargestFile)
+    if (expected > largest)
         return FileTooLarge;
     content.resize(static_cast<qsizetype>(expected) + 1); // one more shows a file that has grown
     qsizetype filled = 0;
@@ -82,10 +82,10 @@ int ReadAll(const Descriptor& file, qint64 expected, QByteArray& content)
         if (count == 0)
             break;
         filled += count;
-        if (filled > LargestFile)
+        if (filled > largest)
             return FileTooLarge;
         if (filled == content.size())
-            content.resize(std::min<qsizetype>(filled * 2, LargestFile + 1));
+            content.resize(std::min<qsizetype>(filled * 2, largest + 1));
     }
     content.resize(filled);
     return 0;
@@ -152,7 +152,7 @@ int SyncFolder(const QString& path)
 int Compare(const Descriptor& file, const QByteArray& content)
 {
     QByteArray found;
-    const int error = ReadAll(file, content.size(), found);
+    const int error = ReadAll(file, content.size(), found, LargestFile);
     if (error != 0)
         return error;
     return found == content ? 0 : WrittenOtherwise;
@@ -205,7 +205,7 @@ int LookUp(const QString& path, bool& is_folder)
     return 0;
 }
 
-int ReadFileBytes(const QString& path, QByteArray& content)
+int ReadFileBytes(const QString& path, QByteArray& content, qint64 largest)
 {
     Descriptor file;
     int error = file.Open(path, O_RDONLY | O_NONBLOCK);
@@ -213,7 +213,7 @@ int ReadFileBytes(const QString& path, QByteArray& content)
     if (error == 0)
         error = CheckRegular(file, size);
     if (error == 0)
-        error = ReadAll(file, size, content);
+        error = ReadAll(file, size, content, largest);
     const int close_error = file.Close();
     return error != 0 ? error : close_error;
 }

@@ -25,8 +25,8 @@ bool MeansMissing(int error);
 /// Finds out whether there is something of that name, and whether it is a folder.
 int LookUp(const QString& path, bool& is_folder);
 
-/// Reads a whole regular file. Never waits for a pipe or a device.
-int ReadFileBytes(const QString& path, QByteArray& content);
+/// Reads a whole regular file of at most `largest` bytes. Never waits for a pipe or a device.
+int ReadFileBytes(const QString& path, QByteArray& content, qint64 largest = LargestFile);
 
 /// 0 when the file can be opened for reading and writing, or is missing. Changes nothing.
 int CheckWritable(const QString& path);

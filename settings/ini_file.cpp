@@ -221,7 +221,7 @@ QString ReadIni(
 QStringList ReadIniValues(
     const DataFiles& files, const QString& section, const QStringList& keys, const QString& name)
 {
-    const QByteArray ini = FileExists(files, name) ? ReadBytes(files, name) : QByteArray();
+    const QByteArray ini = FileExists(files, name) ? ReadTextBytes(files, name) : QByteArray();
     const Section lines = FindSection(ini, EncodeAnsi(section));
     QStringList values;
     for (const QString& key : keys)
@@ -239,7 +239,7 @@ void WriteIniValues(const DataFiles& files, const QString& section,
     const QVector<IniEntry>& entries, const QString& name)
 {
     const bool is_there = FileExists(files, name);
-    const QByteArray before = is_there ? ReadBytes(files, name) : QByteArray();
+    const QByteArray before = is_there ? ReadTextBytes(files, name) : QByteArray();
     QByteArray after = before;
     for (const IniEntry& entry : entries)
         after = WithIniValue(

@@ -4,6 +4,7 @@
 #include "tests/support/data_folders.h"
 
 #include <QDir>
+#include <QFileInfo>
 #include <QtTest>
 
 #include <sys/stat.h>
@@ -189,6 +190,21 @@ private Q_SLOTS:
             ErrorOf([&] { ReadBytes(folders.files, members); }).reason, u"Die Datei ist zu groß"_s);
     }
 
+    void a_text_as_large_as_no_club_has_is_refused_both_ways()
+    {
+        const DataFolders folders;
+        folders.Put(u"Mitgliedsdaten2016.pz"_s, {});
+        const QString path = folders.Path(u"Mitgliedsdaten2016.pz"_s);
+        QVERIFY(QFile::resize(path, LargestText + 1));
+        for (const auto& reader :
+            { &TestLineFile::Lines, &TestLineFile::FirstLine, &TestLineFile::TextBytes })
+            QCOMPARE(ErrorOf([&] { reader(folders.files); }).reason, u"Die Datei ist zu groß"_s);
+        const QStringList lines(1100, QString(LongestLine, u'x'));
+        QCOMPARE(ErrorOf([&] { RewriteLines(folders.files, members, lines); }).reason,
+            u"Die Datei ist zu groß"_s);
+        QCOMPARE(QFileInfo(path).size(), LargestText + 1);
+    }
+
     void what_could_not_be_read_back_is_not_written_data()
     {
         QTest::addColumn<QStringList>("lines");
@@ -208,6 +224,11 @@ private Q_SLOTS:
         QCOMPARE(error.where.line, line);
         QCOMPARE(folders.Get(u"Mitgliedsdaten2016.pz"_s), QByteArray("old\r\n"));
     }
+
+private:
+    static void Lines(const DataFiles& files) { ReadLines(files, members); }
+    static void FirstLine(const DataFiles& files) { ReadFirstLine(files, members); }
+    static void TextBytes(const DataFiles& files) { ReadTextBytes(files, members); }
 };
 
 QTEST_GUILESS_MAIN(TestLineFile)

@@ -1,12 +1,16 @@
 #include "tests/support/crash_actions.h"
 
 #include "backup/copying.h"
+#include "cashbook/date_ordering.h"
+#include "cashbook/ledger.h"
+#include "cashbook/ledger_file.h"
 #include "data/file_names.h"
 #include "data/line_file.h"
 #include "data/redo_record.h"
 #include "members/member_editing.h"
 #include "members/member_lists.h"
-#include "settings/ini_file.h"
+#include "settings/bank_settings.h"
+#include "settings/price_settings.h"
 
 #include <QDir>
 #include <QFile>
@@ -115,18 +119,60 @@ void PrepareSettings(const DataFiles& files)
     Put(files, BankSettingsFile, "[Daten]\r\nBankname=Sparkasse\r\nBLZ=DE1\r\n");
 }
 
-void WritePrices(const DataFiles& files)
+void SavePrices(const DataFiles& files)
 {
-    WriteIniValues(files, u"2016"_s,
-        { { u"Stromkosten"_s, u"0,30"_s }, { u"Wasserkosten"_s, u"2,10"_s },
-            { u"Pacht"_s, u"0,18"_s } },
-        PriceSettingsFile);
+    PriceSettings prices = ReadPrices(files, u"2015"_s, 2015, {}).Prices;
+    PriceText(prices, 0) = u"0,30"_s;
+    prices.RepairLevy = u"12,50"_s;
+    WritePrices(files, u"2015"_s, prices);
 }
 
-void WriteBank(const DataFiles& files)
+void CarryPricesOver(const DataFiles& files)
 {
-    WriteIniValues(files, u"Daten"_s,
-        { { u"Bankname"_s, u"Volksbank"_s }, { u"Kontonummer"_s, u"XYZ"_s } }, BankSettingsFile);
+    const LoadedPrices loaded = ReadPrices(files, u"2016"_s, 2016, {});
+    WriteCarriedOver(files, u"2016"_s, loaded.Prices);
+}
+
+void SaveBank(const DataFiles& files)
+{
+    BankSettings bank = ReadBank(files, {});
+    bank.BankName = u"Volksbank"_s;
+    bank.TreasurerName = u"Groß,Łukasz"_s;
+    WriteBank(files, bank);
+}
+
+void SaveSalutationAlone(const DataFiles& files) { WriteSalutation(files, u"Frau"_s); }
+
+/// "OK" and "Speichern" of a booking that is there only once however often this runs.
+void Book(const DataFiles& files, const QString& name)
+{
+    const QString booking = u"03.02.2016;Eon Avacon Wasser;0,00;120,50"_s;
+    CashBookState book;
+    book.BankLedger = FileExists(files, name) ? ReadLedger(files, name) : QStringList();
+    if (!book.BankLedger.contains(booking))
+        ApplyEntry(book, booking);
+    WriteLedger(files, name, SortLedgerByDate(book.BankLedger));
+}
+
+void BookBank(const DataFiles& files) { Book(files, bank_ledger); }
+void BookCashBox(const DataFiles& files) { Book(files, CashBoxLedgerFileName(u"2016"_s)); }
+
+void DeleteBookings(const DataFiles& files)
+{
+    CashBookState book;
+    book.BankLedger = ReadLedger(files, bank_ledger);
+    while (book.BankLedger.size() > 100) {
+        book.SelectedLedgerRow = 1;
+        DeleteEntry(book);
+    }
+    WriteLedger(files, bank_ledger, book.BankLedger);
+}
+
+void CarryBalanceOver(const DataFiles& files)
+{
+    const QStringList lines = ReadLedgerLines(files, bank_ledger);
+    const CarryOver carry_over = MakeCarryOver(lines, u"2016"_s, QDate(2017, 1, 2));
+    WriteLedger(files, BankLedgerFileName(u"2017"_s), { carry_over.line });
 }
 
 QString StickOf(const DataFiles& files) { return files.DataDirectory + u"/../Parzello"_s; }
@@ -178,9 +224,15 @@ const QList<CrashAction>& CrashActions()
         { "enter readings", PrepareMembers, EnterReadings },
         { "add a member", PrepareMembers, AddThirdMember },
         { "delete all members", PrepareMembers, DeleteAllMembers },
-        { "prices", PrepareSettings, WritePrices },
-        { "prices without a file", PrepareNothing, WritePrices },
-        { "bank", PrepareSettings, WriteBank },
+        { "prices", PrepareSettings, SavePrices },
+        { "prices without a file", PrepareNothing, SavePrices },
+        { "prices of a new year", PrepareSettings, CarryPricesOver },
+        { "bank", PrepareSettings, SaveBank },
+        { "salutation", PrepareSettings, SaveSalutationAlone },
+        { "bank account", PrepareLong, BookBank },
+        { "cash box", PrepareNothing, BookCashBox },
+        { "delete bookings", PrepareLong, DeleteBookings },
+        { "balance of a new year", PrepareLong, CarryBalanceOver },
         { "club name", PrepareNothing, WriteClubName },
         { "restore", PrepareStick, Restore },
         { "back up", PrepareStick, BackUp },
