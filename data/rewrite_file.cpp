@@ -161,7 +161,7 @@ void FinishRewrites(const DataFiles& files)
             failure = NotFinished(files, record.target, error);
     }
     if (failure)
-        throw *failure;
+        throw RuntimeError(*failure);
     if (search_error != 0)
         throw NotSearched(files, search_error);
 }

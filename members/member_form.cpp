@@ -85,13 +85,14 @@ void WriteMembers(Program& program, const MemberLists& lists, const QString& wha
     const QString& year = program.Year.YearText;
     try {
         WriteMembersFile(lists, program.Files, year);
-    } catch (RuntimeError error) {
+    } catch (const RuntimeError& error) {
         if (IsInFile(lists, program.Files, year))
             return ReportError(program.Errors, program.Ask, error);
-        if (!error.where.remedy.isEmpty())
-            error.where.remedy += QLatin1Char(' ');
-        error.where.remedy += what_is_left;
-        throw error;
+        RuntimeError extended = error;
+        if (!extended.where.remedy.isEmpty())
+            extended.where.remedy += QLatin1Char(' ');
+        extended.where.remedy += what_is_left;
+        throw RuntimeError(extended);
     }
 }
 

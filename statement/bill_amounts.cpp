@@ -225,13 +225,13 @@ double DrawPlotCharge(
 double DrawInsurances(Bill& bill)
 {
     struct Premium {
-        int field;
         QString element;
+        int field;
         int y;
     };
-    const Premium premiums[] { { LiabilityPremium, u"row_14_amount"_s, Row14 },
-        { LegalPremium, u"row_15_amount"_s, Row15 }, { AccidentPremium, u"row_16_amount"_s, Row16 },
-        { BuildingPremium, u"row_16b_amount"_s, Row16b } };
+    const Premium premiums[] { { u"row_14_amount"_s, LiabilityPremium, Row14 },
+        { u"row_15_amount"_s, LegalPremium, Row15 }, { u"row_16_amount"_s, AccidentPremium, Row16 },
+        { u"row_16b_amount"_s, BuildingPremium, Row16b } };
     double sum = 0.0;
     for (const Premium& premium : premiums) {
         const QString& text = Field(bill, premium.field);
