@@ -111,6 +111,14 @@ bool ClubNameFocused(Program& program, QEvent&)
     return false;
 }
 
+/// A click into the hint would set the caret into it; it stays selected until something is typed.
+bool ClubNameClicked(Program& program, QEvent&)
+{
+    if (program.Window.Text5->text() == ClubNameHint)
+        program.Window.Text5->selectAll();
+    return false;
+}
+
 void ConnectHandlers(Program& program)
 {
     const MainWindowForm& window = program.Window;
@@ -119,6 +127,7 @@ void ConnectHandlers(Program& program)
     On(program, window.Command22, &QPushButton::clicked, SaveClubName);
     On(program, window.Text5, &QLineEdit::returnPressed, SaveClubName);
     OnEvent(program, window.Text5, QEvent::FocusIn, ClubNameFocused);
+    OnEvent(program, window.Text5, QEvent::MouseButtonRelease, ClubNameClicked);
     OnEvent(program, window.Window, QEvent::Close, WindowClosing);
 }
 

@@ -31,6 +31,23 @@ private Q_SLOTS:
         QVERIFY(!club.Control<QPushButton>("Command22")->isVisible());
     }
 
+    void a_click_selects_the_hint_so_that_typing_replaces_it()
+    {
+        TestClub club;
+        club.Start({ 2017, 11, 20 });
+        club.program.Window.Window->show();
+        QVERIFY(QTest::qWaitForWindowActive(club.program.Window.Window));
+        club.Control<QPushButton>("Command8")->setFocus();
+        auto* box = club.Control<QLineEdit>("Text5");
+        QTest::mouseClick(box, Qt::LeftButton);
+        QCOMPARE(box->selectedText(), box->text());
+        QTest::mouseClick(box, Qt::LeftButton); // it has the focus already, as after a first start
+        QCOMPARE(box->selectedText(), box->text());
+        QTest::keyClicks(box, QStringLiteral("KGV"));
+        QTest::mouseClick(box, Qt::LeftButton);
+        QCOMPARE(box->selectedText(), QString()); // what was typed is treated as everywhere
+    }
+
     void an_empty_name_writes_an_empty_line_and_shows_nothing()
     {
         TestClub club;

@@ -138,10 +138,16 @@ void Robot::Type(const QString& name, const QString& text)
 void Robot::Keys(const QString& text)
 {
     Activate();
-    if (QWidget* focus = QApplication::focusWidget())
-        QTest::keyClicks(focus, text);
-    else
+    QWidget* focus = QApplication::focusWidget();
+    if (focus == nullptr) {
         Fault(QStringLiteral("nothing has the focus for ") + text);
+        return;
+    }
+    // QTest::keyClicks knows no umlauts. A key of the Latin-1 range has its character's number.
+    for (const QChar character : text)
+        QTest::sendKeyEvent(QTest::Click, focus,
+            static_cast<Qt::Key>(character.toUpper().unicode()), QString(character),
+            Qt::NoModifier);
 }
 
 void Robot::Press(const QString& keys)

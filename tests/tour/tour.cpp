@@ -29,7 +29,7 @@ void Tour::initTestCase()
     Club.Remember();
 }
 
-void Tour::Start(const QDate& today)
+void Tour::Start(const QDate& today, const QList<ExpectedBox>& boxes)
 {
     program = std::make_unique<Program>();
     program->Files.DataDirectory = Club.Path;
@@ -39,6 +39,8 @@ void Tour::Start(const QDate& today)
     BuildMainWindow(*program);
     QMainWindow* window = program->Window.Window;
     User = std::make_unique<Robot>(window);
+    for (const ExpectedBox& box : boxes)
+        User->Expect(box.title, box.text, box.button);
     StartUp(*program);
     window->resize(1280, 860);
     window->move(0, 0);
@@ -102,6 +104,19 @@ QStringList Tour::Rows(const QString& name)
             cells += model->index(row, column).data().toString();
         rows += cells.join(QStringLiteral(" | "));
     }
+    return rows;
+}
+
+QStringList Tour::SelectedRows(const QString& name)
+{
+    QStringList rows;
+    const auto* view = qobject_cast<QAbstractItemView*>(User->Control(name));
+    if (view == nullptr)
+        return rows;
+    QModelIndexList selected = view->selectionModel()->selectedRows();
+    std::sort(selected.begin(), selected.end());
+    for (const QModelIndex& index : std::as_const(selected))
+        rows += index.data().toString();
     return rows;
 }
 

@@ -39,6 +39,14 @@ private Q_SLOTS:
     void the_bills_are_paged_through();
     void the_bills_are_printed();
 
+    // tour_cashbook.cpp
+    void the_bank_account_shows_the_years_bookings();
+    void every_members_payment_is_booked();
+    void a_wrong_amount_is_corrected();
+    void a_wrong_booking_is_deleted();
+    void the_cash_box_has_its_own_bookings();
+    void leaving_the_tab_saves_both_accounts_on_yes();
+
     // tour_backup.cpp
     void the_data_are_saved_on_the_stick();
     void a_damaged_file_comes_back_from_the_stick();
@@ -50,19 +58,33 @@ private Q_SLOTS:
     void closing_the_window_asks_for_what_is_unsaved();
     void the_button_to_end_asks_nothing();
 
+    // tour_new_year.cpp
+    void a_new_year_carries_everything_over();
+    void the_bank_is_booked_for_a_whole_year();
+    void the_cash_box_is_carried_over_when_it_is_shown();
+    void the_old_year_can_still_be_seen();
+
     // tour_first_start.cpp
     void a_club_begins_in_an_empty_folder();
+    void its_prices_and_its_bank_are_typed();
+    void its_first_member_gets_a_bill();
+    void its_first_booking_opens_the_account();
 
 private:
-    /// Starts the program on that day, as a double click on it would.
-    void Start(const QDate& today);
+    /// Starts the program on that day, as a double click on it would; the boxes come before the
+    /// window does.
+    void Start(const QDate& today, const QList<ExpectedBox>& boxes = {});
     /// Closes the window by its frame.
     void Close();
 
     // What stands in a control, as the user reads it.
     QString Text(const QString& name);
     QStringList Rows(const QString& name);
+    QStringList SelectedRows(const QString& name);
     bool Shown(const QString& name);
+    /// Types a booking into the entry fields, key by key as the treasurer does it, "OK" included.
+    void Book(const QString& date, const QString& text, const QString& deposit,
+        const QString& withdrawal);
 
     QString StickPath() const { return Folder.filePath(QStringLiteral("Stick")); }
 
