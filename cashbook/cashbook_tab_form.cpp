@@ -9,7 +9,6 @@
 #include <QCalendarWidget>
 #include <QFrame>
 #include <QGridLayout>
-#include <QGroupBox>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
@@ -23,7 +22,7 @@ namespace {
 
 constexpr int date_characters = 11;
 constexpr int amount_characters = 12;
-constexpr int text_characters = 30;
+constexpr int text_characters = 24;
 constexpr int note_characters = 12;
 
 /// A list whose selection says who has paid. Mouse and keys move the current entry only; marks are
@@ -141,7 +140,7 @@ QCalendarWidget* BuildCalendar(CashBookForm& form, QWidget* tab)
         = Named(MakeCalendar(tab, QStringLiteral("Buchungsdatum wählen")), QStringLiteral("Cal3"));
     form.Cal3->setToolTip(QStringLiteral("Ein Klick oder die Eingabetaste schreibt den Tag in das "
                                          "Feld „Datum“"));
-    form.Cal3->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    form.Cal3->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred);
     return form.Cal3;
 }
 
@@ -214,9 +213,20 @@ QHBoxLayout* BuildMarkRow(CashBookForm& form, QWidget* frame)
     return row;
 }
 
-QGroupBox* BuildEntryFrame(CashBookForm& form, QWidget* tab)
+/// A row of its own: its long caption would push the fields above it aside.
+QHBoxLayout* BuildNoteRow(CashBookForm& form, QWidget* frame)
 {
-    auto* frame = new QGroupBox(tab);
+    auto* row = new QHBoxLayout;
+    row->setSpacing(FrameSpacing);
+    row->addWidget(MakeCaption(frame, form.Text11->accessibleName(), form.Text11));
+    row->addWidget(form.Text11, 1);
+    return row;
+}
+
+QFrame* BuildEntryFrame(CashBookForm& form, QWidget* tab)
+{
+    auto* frame = new QFrame(tab);
+    frame->setFrameShape(QFrame::StyledPanel);
     MakeEntryFields(form, frame);
     const auto caption = [&](std::size_t i) {
         return MakeCaption(frame, form.Text10[i]->accessibleName(), form.Text10[i]);
@@ -232,15 +242,14 @@ QGroupBox* BuildEntryFrame(CashBookForm& form, QWidget* tab)
     grid->addWidget(form.Text10[2], 2, 1);
     grid->addWidget(caption(3), 2, 2);
     grid->addWidget(form.Text10[3], 2, 3, Qt::AlignLeft);
-    grid->addWidget(MakeCaption(frame, form.Text11->accessibleName(), form.Text11), 3, 0);
-    grid->addWidget(form.Text11, 3, 1);
+    grid->addLayout(BuildNoteRow(form, frame), 3, 0, 1, 4);
     grid->setRowStretch(4, 1);
     grid->addLayout(BuildMarkRow(form, frame), 5, 0, 1, 4);
     grid->addLayout(BuildButtonRow(form, frame), 6, 0, 1, 4);
     return frame;
 }
 
-QWidget* FramedList(QListWidget* list, const QString& caption, QWidget* tab)
+QVBoxLayout* WithCaption(QListWidget* list, const QString& caption, QWidget* tab)
 {
     list->setAccessibleName(caption);
     list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -248,27 +257,34 @@ QWidget* FramedList(QListWidget* list, const QString& caption, QWidget* tab)
     list->setMinimumHeight(0);
     list->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored); // as high as its neighbours
     KeepSelectionClear(list);
-    auto* frame = new QGroupBox(caption, tab);
-    auto* column = new QVBoxLayout(frame);
-    column->addWidget(list);
-    return frame;
+    auto* column = new QVBoxLayout;
+    column->setSpacing(FrameSpacing / 2);
+    QLabel* above = MakeCaption(tab, caption, list);
+    above->setWordWrap(true);
+    column->addWidget(above);
+    column->addWidget(list, 1);
+    return column;
 }
 
-QWidget* BuildPayees(CashBookForm& form, QWidget* tab)
+QVBoxLayout* BuildPayees(CashBookForm& form, QWidget* tab)
 {
     form.List9 = Named(new QListWidget(tab), QStringLiteral("List9"));
     form.List9->addItems(RecurringPayees);
-    return FramedList(form.List9, QStringLiteral("sich wiederholende Vorgänge"), tab);
+    QVBoxLayout* column
+        = WithCaption(form.List9, QStringLiteral("sich wiederholende Vorgänge"), tab);
+    form.List9->setSizeAdjustPolicy(QAbstractScrollArea::AdjustToContents); // none is cut off
+    form.List9->setSizePolicy(QSizePolicy::MinimumExpanding, QSizePolicy::Ignored);
+    return column;
 }
 
-QWidget* BuildNames(CashBookForm& form, QWidget* tab)
+QVBoxLayout* BuildNames(CashBookForm& form, QWidget* tab)
 {
     form.List4 = Named(new PaidMarkList(tab), QStringLiteral("List4"));
     form.List4->setSelectionMode(QAbstractItemView::MultiSelection);
-    form.List4->setToolTip(QStringLiteral("Markiert ist, wessen Abrechnung in diesem Konto gebucht "
-                                          "ist. Ein Klick, die Leertaste oder die Eingabetaste "
-                                          "schlägt die Zahlung vor."));
-    return FramedList(form.List4, QStringLiteral("Namen"), tab);
+    form.List4->setAccessibleDescription(
+        QStringLiteral("Markiert ist, wessen Abrechnung in diesem Konto gebucht ist. Die Leertaste "
+                       "oder die Eingabetaste schlägt die Zahlung vor."));
+    return WithCaption(form.List4, QStringLiteral("Namen"), tab);
 }
 
 } // namespace
@@ -286,9 +302,9 @@ void BuildCashBookTab(Program& program, QWidget* tab)
     column->addWidget(BuildLedgerView(form, tab), 1);
     column->addLayout(below);
 
-    below->addWidget(BuildCalendar(form, tab), 0, Qt::AlignTop);
+    below->addWidget(BuildCalendar(form, tab));
     below->addWidget(BuildEntryFrame(form, tab), 3);
-    below->addWidget(BuildPayees(form, tab), 2);
-    below->addWidget(BuildNames(form, tab), 2);
+    below->addLayout(BuildPayees(form, tab), 1);
+    below->addLayout(BuildNames(form, tab), 2);
     ConnectCashBookTab(program);
 }

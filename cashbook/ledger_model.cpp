@@ -45,11 +45,21 @@ bool IsDarkDesktop() { return QGuiApplication::palette().color(QPalette::Base).l
 /// A red that can be read on the ground of the table.
 QColor Red() { return IsDarkDesktop() ? QColor(0xff, 0x80, 0x80) : QColor(0xd0, 0, 0); }
 
+/// Most bookings have one amount; the other one's zero steps back.
+bool IsNothing(const LedgerRow& row, int column)
+{
+    return (column == DepositColumn || column == WithdrawalColumn)
+        && TextOf(row, column) == QStringLiteral("0,00 €");
+}
+
 QVariant ForegroundOf(const LedgerRow& row, int column)
 {
-    const bool red
-        = IsUncounted(row, column) || (IsAmount(column) && ShowsBelowZero(TextOf(row, column)));
-    return red ? QVariant(Red()) : QVariant();
+    const bool negative = IsAmount(column) && ShowsBelowZero(TextOf(row, column));
+    if (negative || IsUncounted(row, column))
+        return Red();
+    if (IsNothing(row, column))
+        return QGuiApplication::palette().color(QPalette::PlaceholderText);
+    return {};
 }
 
 QVariant BackgroundOf(const LedgerRow& row, int column)

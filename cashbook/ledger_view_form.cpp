@@ -62,6 +62,13 @@ void ShowOverview(Program& program)
         program, OverviewRows(program.Files, program.Members.NameList, program.Year.YearText));
 }
 
+void MarkPaid(QListWidgetItem* name, bool paid)
+{
+    name->setSelected(paid);
+    name->setToolTip(
+        paid ? name->text() + QStringLiteral("\nAbrechnung ist gebucht") : name->text());
+}
+
 void ShowPaidMarks(Program& program)
 {
     QListWidget* list = program.CashBookTab.List4;
@@ -69,7 +76,7 @@ void ShowPaidMarks(Program& program)
         = PaidMarks(program.Members.CashBookNameList, CurrentLedger(program.CashBook));
     const QSignalBlocker silent(list);
     for (qsizetype i = 0; i < marks.size() && i < list->count(); ++i)
-        list->item(static_cast<int>(i))->setSelected(marks[i]);
+        MarkPaid(list->item(static_cast<int>(i)), marks[i]);
 }
 
 void SelectMarkedRow(Program& program, int row)
@@ -98,7 +105,7 @@ void ShowReplaceMark(const Program& program, int row)
 QString UnsavedText(const CashBookState& book)
 {
     if (book.BankUnsaved && book.CashBoxUnsaved)
-        return QStringLiteral("Konto und Handkasse nicht gespeichert");
+        return QStringLiteral("beide Konten nicht gespeichert");
     if (book.BankUnsaved)
         return QStringLiteral("Konto nicht gespeichert");
     return book.CashBoxUnsaved ? QStringLiteral("Handkasse nicht gespeichert") : QString();

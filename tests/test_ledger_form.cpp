@@ -171,7 +171,7 @@ private Q_SLOTS:
         QTest::newRow("short lines")
             << u"01.02.2016\r\n02.02.2016;b\r\n"_s << u"01.02.2016;;;\r\n02.02.2016;b;;\r\n"_s;
         QTest::newRow("no dates") << u"heute;b;1;2\r\nx;;;\r\n"_s
-                                  << u"he.te.eute;b;1;2\r\nx..x;;;\r\n"_s;
+                                  << u"he.te.eute;b;1;2\r\nxx..xx;;;\r\n"_s;
         QTest::newRow("amounts that are none")
             << u"01.02.2016;b;x;1.5\r\n"_s << u"01.02.2016;b;x;1.5\r\n"_s;
         QTest::newRow("no end of the last line")

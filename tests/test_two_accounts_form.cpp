@@ -190,7 +190,7 @@ private Q_SLOTS:
         club.Click("Command15");
         QCOMPARE(Mark(club), u"Konto nicht gespeichert"_s);
         BookPorto(club);
-        QCOMPARE(Mark(club), u"Konto und Handkasse nicht gespeichert"_s);
+        QCOMPARE(Mark(club), u"beide Konten nicht gespeichert"_s);
         club.Click("Command15");
         club.Click("CommandSaveLedger");
         QCOMPARE(Mark(club), u"Handkasse nicht gespeichert"_s);
