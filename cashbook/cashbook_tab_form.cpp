@@ -21,7 +21,8 @@
 namespace {
 
 constexpr int date_characters = 11;
-constexpr int amount_characters = 12;
+constexpr int amount_characters = 10;
+constexpr int name_characters = 16;
 constexpr int text_characters = 24;
 constexpr int note_characters = 12;
 
@@ -123,7 +124,6 @@ QTableView* BuildLedgerView(CashBookForm& form, QWidget* tab)
     view->setWordWrap(false);
     view->setTabKeyNavigation(false);
     view->setCornerButtonEnabled(false);
-    view->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     view->verticalHeader()->hide();
     view->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed); // quick at 100,000 rows
     view->horizontalHeader()->setHighlightSections(false);
@@ -165,16 +165,13 @@ void MakeEntryFields(CashBookForm& form, QWidget* frame)
     form.Text11->setToolTip(QStringLiteral("Nur ein Hinweis, er wird nicht gebucht"));
 }
 
-/// A text that is there while it has something to say; its line stays free.
+/// A text that is there while it has something to say.
 QLabel* MakeMark(QWidget* frame, const QString& name)
 {
     auto* mark = Named(new QLabel(frame), name);
     mark->setTextFormat(Qt::PlainText);
     mark->setBackgroundRole(QPalette::Base);
     mark->setMargin(FrameSpacing / 4);
-    QSizePolicy policy = mark->sizePolicy();
-    policy.setRetainSizeWhenHidden(true);
-    mark->setSizePolicy(policy);
     return mark;
 }
 
@@ -201,18 +198,6 @@ QHBoxLayout* BuildButtonRow(CashBookForm& form, QWidget* frame)
     return row;
 }
 
-QHBoxLayout* BuildMarkRow(CashBookForm& form, QWidget* frame)
-{
-    form.ReplaceMark = MakeMark(frame, QStringLiteral("ReplaceMark"));
-    form.UnsavedMark = MakeMark(frame, QStringLiteral("UnsavedMark"));
-    auto* row = new QHBoxLayout;
-    row->setSpacing(FrameSpacing);
-    row->addWidget(form.ReplaceMark);
-    row->addStretch(1);
-    row->addWidget(form.UnsavedMark);
-    return row;
-}
-
 /// A row of its own: its long caption would push the fields above it aside.
 QHBoxLayout* BuildNoteRow(CashBookForm& form, QWidget* frame)
 {
@@ -231,11 +216,14 @@ QFrame* BuildEntryFrame(CashBookForm& form, QWidget* tab)
     const auto caption = [&](std::size_t i) {
         return MakeCaption(frame, form.Text10[i]->accessibleName(), form.Text10[i]);
     };
+    form.ReplaceMark = MakeMark(frame, QStringLiteral("ReplaceMark"));
+    form.UnsavedMark = MakeMark(frame, QStringLiteral("UnsavedMark"));
     auto* grid = new QGridLayout(frame);
     grid->setSpacing(FrameSpacing);
     grid->setColumnStretch(3, 1);
     grid->addWidget(caption(0), 0, 0);
     grid->addWidget(form.Text10[0], 0, 1);
+    grid->addWidget(form.ReplaceMark, 0, 2, 1, 2, Qt::AlignLeft);
     grid->addWidget(caption(1), 1, 0);
     grid->addWidget(form.Text10[1], 1, 1, 1, 3);
     grid->addWidget(caption(2), 2, 0);
@@ -244,7 +232,7 @@ QFrame* BuildEntryFrame(CashBookForm& form, QWidget* tab)
     grid->addWidget(form.Text10[3], 2, 3, Qt::AlignLeft);
     grid->addLayout(BuildNoteRow(form, frame), 3, 0, 1, 4);
     grid->setRowStretch(4, 1);
-    grid->addLayout(BuildMarkRow(form, frame), 5, 0, 1, 4);
+    grid->addWidget(form.UnsavedMark, 5, 0, 1, 4, Qt::AlignRight);
     grid->addLayout(BuildButtonRow(form, frame), 6, 0, 1, 4);
     return frame;
 }
@@ -273,7 +261,9 @@ QVBoxLayout* BuildPayees(CashBookForm& form, QWidget* tab)
     QVBoxLayout* column
         = WithCaption(form.List9, QStringLiteral("sich wiederholende Vorgänge"), tab);
     form.List9->setSizeAdjustPolicy(QAbstractScrollArea::AdjustToContents); // none is cut off
-    form.List9->setSizePolicy(QSizePolicy::MinimumExpanding, QSizePolicy::Ignored);
+    form.List9->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Ignored);
+    for (int row = 0; row < form.List9->count(); ++row) // except with very large letters
+        form.List9->item(row)->setToolTip(RecurringPayees[row]);
     return column;
 }
 
@@ -281,6 +271,7 @@ QVBoxLayout* BuildNames(CashBookForm& form, QWidget* tab)
 {
     form.List4 = Named(new PaidMarkList(tab), QStringLiteral("List4"));
     form.List4->setSelectionMode(QAbstractItemView::MultiSelection);
+    form.List4->setMinimumWidth(form.List4->fontMetrics().averageCharWidth() * name_characters);
     form.List4->setAccessibleDescription(
         QStringLiteral("Markiert ist, wessen Abrechnung in diesem Konto gebucht ist. Die Leertaste "
                        "oder die Eingabetaste schlägt die Zahlung vor."));
@@ -304,7 +295,7 @@ void BuildCashBookTab(Program& program, QWidget* tab)
 
     below->addWidget(BuildCalendar(form, tab));
     below->addWidget(BuildEntryFrame(form, tab), 3);
-    below->addLayout(BuildPayees(form, tab), 1);
+    below->addLayout(BuildPayees(form, tab));
     below->addLayout(BuildNames(form, tab), 2);
     ConnectCashBookTab(program);
 }

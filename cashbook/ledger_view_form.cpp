@@ -153,6 +153,7 @@ void FitLedgerColumns(Program& program)
     fit(DateColumn, QStringLiteral("00.00.0000"));
     for (const int amount : { DepositColumn, WithdrawalColumn, BalanceColumn })
         fit(amount, QStringLiteral("-00000000,00 €"));
+    header->setMinimumSectionSize(metrics.averageCharWidth() * 10);
     header->setSectionResizeMode(TextColumn, QHeaderView::Stretch);
     view->verticalHeader()->setDefaultSectionSize(metrics.height() + FrameSpacing);
 }

@@ -1,5 +1,7 @@
 #include "controls/calendar.h"
 
+#include "controls/events.h"
+
 #include <QCalendarWidget>
 #include <QLocale>
 #include <QTextCharFormat>
@@ -64,6 +66,21 @@ void NameInner(QCalendarWidget* calendar, const char* name, const QString& says)
         inner->setAccessibleName(calendar->accessibleName() + QStringLiteral(", ") + says);
 }
 
+/// Qt leaves so little room around the names of the days that the widest one would be cut off.
+void KeepDayNamesWhole(QCalendarWidget* calendar)
+{
+    const auto fit = [calendar] {
+        constexpr int days = 7;
+        constexpr int more_for_each_day = 4;
+        calendar->setMinimumWidth(calendar->minimumSizeHint().width() + days * more_for_each_day);
+    };
+    fit();
+    HookEvent(calendar, QEvent::FontChange, [fit](QEvent&) {
+        fit();
+        return false;
+    });
+}
+
 } // namespace
 
 QCalendarWidget* MakeCalendar(QWidget* parent, const QString& accessible_name)
@@ -80,6 +97,7 @@ QCalendarWidget* MakeCalendar(QWidget* parent, const QString& accessible_name)
     MakeWeekendCalm(calendar);
     MakeArrow(calendar, "qt_calendar_prevmonth", Qt::LeftArrow);
     MakeArrow(calendar, "qt_calendar_nextmonth", Qt::RightArrow);
+    KeepDayNamesWhole(calendar);
     NameInner(calendar, "qt_calendar_prevmonth", QStringLiteral("voriger Monat"));
     NameInner(calendar, "qt_calendar_nextmonth", QStringLiteral("nächster Monat"));
     NameInner(calendar, "qt_calendar_monthbutton", QStringLiteral("Monat"));

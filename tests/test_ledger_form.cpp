@@ -68,6 +68,8 @@ private Q_SLOTS:
     void the_columns_fill_the_view_whatever_the_font()
     {
         const CashBookClub club(bank_line);
+        club.program.Window.Window->resize(1600, 800);
+        QCoreApplication::processEvents();
         const QHeaderView* header = club.View()->horizontalHeader();
         QCOMPARE(header->length(), club.View()->viewport()->width());
         const int width = header->sectionSize(4);
