@@ -285,9 +285,9 @@ private Q_SLOTS:
     void backup_copies_bytes_and_times()
     {
         const TwoFolders folders;
-        const QByteArray bytes("07.03.2016;\xdc"
-                               "bertrag;0,00;24,00\r\n\0\x1a",
-            36);
+        const char content[] = "07.03.2016;\xdc"
+                               "bertrag;0,00;24,00\r\n\0\x1a";
+        const QByteArray bytes(content, sizeof content - 1); // zero byte included
         Write(folders.Data("Konto2016.pz"), bytes);
         SetTime(folders.Data("Konto2016.pz"));
         BackUpFiles(folders.Files, folders.Stick, Texts({ "Konto2016.pz" }), Nothing);
