@@ -51,15 +51,6 @@ void MakeArrow(QCalendarWidget* calendar, const char* name, Qt::ArrowType arrow)
     }
 }
 
-/// Without it the narrowest calendar shows dots instead of "Mo.", its widest name of a day.
-void KeepDayNamesWhole(QCalendarWidget* calendar)
-{
-    constexpr int days = 7;
-    constexpr int cell_margins = 12; // what the table keeps free beside the text, left and right
-    const int name = calendar->fontMetrics().horizontalAdvance(QStringLiteral("Mo."));
-    calendar->setMinimumWidth(days * (name + cell_margins));
-}
-
 void NameInner(QCalendarWidget* calendar, const char* name, const QString& says)
 {
     if (auto* inner = InnerWidget<QWidget>(calendar, name); inner != nullptr)
@@ -92,7 +83,6 @@ QCalendarWidget* MakeCalendar(QWidget* parent, const QString& accessible_name)
     calendar->setHorizontalHeaderFormat(QCalendarWidget::ShortDayNames);
     calendar->setGridVisible(false);
     calendar->setAccessibleName(accessible_name);
-    KeepDayNamesWhole(calendar);
     MakeHeadCalm(calendar);
     MakeWeekendCalm(calendar);
     MakeArrow(calendar, "qt_calendar_prevmonth", Qt::LeftArrow);
