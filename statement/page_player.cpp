@@ -61,7 +61,7 @@ struct LaidOutText {
 /// What can be seen of a text: no character that prints is narrower than a page pixel.
 QString VisiblePart(const PageText& text)
 {
-    constexpr qsizetype enough = 4 * PageWidth; // control characters have no width
+    constexpr qsizetype enough = qsizetype(4) * PageWidth; // control characters have no width
     return text.right_aligned ? text.text.right(enough) : text.text.left(enough);
 }
 
