@@ -6,8 +6,9 @@ add_executable(single_start_driver single_start_driver.cpp)
 target_link_libraries(single_start_driver PRIVATE forms)
 parzello_test(test_single_start)
 target_compile_definitions(test_single_start PRIVATE
-    SINGLE_START_DRIVER="$<TARGET_FILE:single_start_driver>")
-add_dependencies(test_single_start single_start_driver)
+    SINGLE_START_DRIVER="$<TARGET_FILE:single_start_driver>"
+    PROGRAM="$<TARGET_FILE:parzello>")
+add_dependencies(test_single_start single_start_driver parzello)
 
 add_library(crash_actions STATIC support/crash_actions.cpp)
 target_link_libraries(crash_actions PUBLIC test_support members settings cashbook backup)

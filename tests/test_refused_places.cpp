@@ -49,19 +49,28 @@ const CrashAction& ActionOf(const QString& name)
     qFatal("no action %s", qPrintable(name));
 }
 
-/// The folders of a club that belong to an ordinary user, and the program that he runs.
+/// A copy of the driver: the build folder may be out of an ordinary user's reach.
+struct Driver {
+    QTemporaryDir folder;
+    QString path = folder.filePath(u"driver"_s);
+
+    Driver()
+    {
+        if (!QFile::copy(QStringLiteral(CRASH_DRIVER), path))
+            qFatal("no driver");
+        SetMode(path, 0755);
+        SetMode(folder.path(), 0755);
+    }
+};
+
+/// The folders of a club that belong to an ordinary user.
 struct Club {
     DataFolders folders;
-    QString driver;
 
     Club()
     {
         if (!QDir().mkpath(folders.files.StateDirectory))
             qFatal("no state directory");
-        driver = folders.root.filePath(u"driver"_s); // the build folder may be out of his reach
-        if (!QFile::copy(QStringLiteral(CRASH_DRIVER), driver))
-            qFatal("no driver");
-        SetMode(driver, 0755);
         for (const QString& path :
             { folders.root.path(), folders.files.DataDirectory, folders.files.StateDirectory })
             GiveAway(path);
@@ -77,10 +86,10 @@ struct Club {
     }
 
     /// "confirmed", or "refused " and the sentence.
-    QString Save(const CrashAction& action) const
+    QString Save(const Driver& driver, const CrashAction& action) const
     {
-        QStringList command { driver, QString::fromUtf8(action.name), folders.files.DataDirectory,
-            folders.files.StateDirectory };
+        QStringList command { driver.path, QString::fromUtf8(action.name),
+            folders.files.DataDirectory, folders.files.StateDirectory };
         if (IsRoot())
             command = QStringList {
                 u"setpriv"_s, u"--reuid=65534"_s, u"--regid=65534"_s, u"--clear-groups"_s
@@ -168,7 +177,7 @@ private Q_SLOTS:
         struct stat status { };
         QCOMPARE(::stat(QFile::encodeName(place).constData(), &status), 0);
         SetMode(place, static_cast<mode_t>(mode));
-        const QString found = club.Save(deed);
+        const QString found = club.Save(driver, deed);
         QVERIFY2(found.startsWith(answer), qPrintable(found));
         SetMode(place, status.st_mode & 07777);
         // What could be finished is finished; everything else is as before.
@@ -176,7 +185,7 @@ private Q_SLOTS:
             QCOMPARE(OnDisk(club), before);
             QCOMPARE(club.folders.StateNames(), QStringList {});
         }
-        QCOMPARE(club.Save(deed), u"confirmed"_s);
+        QCOMPARE(club.Save(driver, deed), u"confirmed"_s);
         QCOMPARE(club.folders.StateNames(), QStringList {});
     }
 
@@ -198,14 +207,14 @@ private Q_SLOTS:
         QVERIFY(QFile::remove(path));
         QVERIFY(QDir().mkpath(path + u"/inhalt"_s));
         const QStringList records = club.folders.StateNames();
-        const QString found = club.Save(deed);
+        const QString found = club.Save(driver, deed);
         QVERIFY2(found.startsWith(u"refused Ist ein Verzeichnis. Datei „Konto2016.pz“: "_s),
             qPrintable(found));
         QVERIFY(found.contains(u"umbenennen"_s));
         QVERIFY(QFile::exists(path + u"/inhalt"_s));
         QCOMPARE(club.folders.StateNames(), records);
         QVERIFY(QDir(path).removeRecursively());
-        QCOMPARE(club.Save(deed), u"confirmed"_s);
+        QCOMPARE(club.Save(driver, deed), u"confirmed"_s);
         QCOMPARE(club.folders.StateNames(), QStringList {});
     }
 
@@ -215,7 +224,7 @@ private Q_SLOTS:
         const Club club;
         club.Prepare(deed);
         QVERIFY(QFile::remove(club.folders.Path(u"Konto2016.pz"_s)));
-        QCOMPARE(club.Save(deed), u"confirmed"_s);
+        QCOMPARE(club.Save(driver, deed), u"confirmed"_s);
         QCOMPARE(club.folders.Names(), QStringList { u"Konto2016.pz"_s });
     }
 
@@ -223,7 +232,7 @@ private Q_SLOTS:
     {
         const CrashAction& deed = ActionOf(u"change a member"_s);
         const Club club;
-        const QString found = club.Save(deed);
+        const QString found = club.Save(driver, deed);
         QVERIFY2(found.startsWith(u"refused Datei oder Verzeichnis nicht gefunden. Datei "
                                   "„Mitgliedsdaten2016.pz“: "_s),
             qPrintable(found));
@@ -235,7 +244,7 @@ private Q_SLOTS:
         const CrashAction& deed = ActionOf(u"longer file"_s);
         const Club club;
         QVERIFY(QDir().rmdir(club.folders.files.DataDirectory));
-        const QString found = club.Save(deed);
+        const QString found = club.Save(driver, deed);
         QVERIFY2(found.startsWith(u"refused Datei oder Verzeichnis nicht gefunden. "_s),
             qPrintable(found));
         QVERIFY(!QFile::exists(club.folders.files.DataDirectory));
@@ -276,7 +285,7 @@ private Q_SLOTS:
             club.Prepare(deed);
             const QMap<QString, QByteArray> before = OnDisk(club);
             FillDisk(mount_point.path(), free_pages);
-            const QString found = club.Save(deed);
+            const QString found = club.Save(driver, deed);
             const QMap<QString, QByteArray> after = OnDisk(club);
             QVERIFY(QFile::remove(mount_point.filePath(u"filler"_s)));
             QCOMPARE(club.folders.StateNames(), QStringList {});
@@ -287,7 +296,7 @@ private Q_SLOTS:
                 QVERIFY(found.contains(u"Platz schaffen"_s));
                 QCOMPARE(after, before);
             }
-            QCOMPARE(club.Save(deed), u"confirmed"_s);
+            QCOMPARE(club.Save(driver, deed), u"confirmed"_s);
             if (found == u"confirmed"_s)
                 QCOMPARE(OnDisk(club), after);
         }
@@ -295,6 +304,7 @@ private Q_SLOTS:
     }
 
 private:
+    Driver driver; // made before the folders move: programs cannot be started from everywhere
     bool can_mount = false;
 
     static QMap<QString, QByteArray> OnDisk(const Club& club)

@@ -6,6 +6,10 @@
 #include <QProcess>
 #include <QtTest>
 
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
+
 #include <memory>
 
 using namespace Qt::StringLiterals;
@@ -49,6 +53,20 @@ struct Start {
 
     bool Ends() { return process.waitForFinished(patience_milliseconds); }
 };
+
+/// True while a program holds the lock of the only club in this state home.
+bool IsLocked(const DataFolders& folders)
+{
+    const QDir clubs(folders.files.StateDirectory + u"/parzello"_s);
+    const QString club = clubs.entryList(QDir::Dirs | QDir::NoDotAndDotDot).value(0);
+    const QString path = clubs.filePath(club + u"/sperre"_s);
+    const int file = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC);
+    if (file < 0)
+        return false;
+    const bool is_locked = ::flock(file, LOCK_SH | LOCK_NB) != 0;
+    ::close(file);
+    return is_locked;
+}
 
 } // namespace
 
@@ -141,6 +159,32 @@ private Q_SLOTS:
         QCOMPARE(first.Line(), QByteArray("first"));
         Start homeless({ folders.files.DataDirectory, {} });
         QCOMPARE(homeless.Line(), QByteArray("first"));
+    }
+
+    void the_program_itself_starts_once_and_again_after_a_crash()
+    {
+        const DataFolders folders;
+        const QString program = folders.Path(u"parzello"_s);
+        QVERIFY(QFile::copy(QStringLiteral(PROGRAM), program)); // its folder is the data directory
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(u"XDG_STATE_HOME"_s, folders.files.StateDirectory);
+        environment.insert(u"XDG_RUNTIME_DIR"_s, folders.root.path());
+        for (int round = 0; round < 2; ++round) {
+            QProcess first;
+            first.setProcessEnvironment(environment);
+            first.start(program, {});
+            QTRY_VERIFY_WITH_TIMEOUT(IsLocked(folders), patience_milliseconds);
+            QProcess second;
+            second.setProcessEnvironment(environment);
+            second.start(program, {});
+            QVERIFY(second.waitForFinished(patience_milliseconds));
+            QCOMPARE(second.exitStatus(), QProcess::NormalExit);
+            QCOMPARE(second.exitCode(), 0);
+            QCOMPARE(first.state(), QProcess::Running);
+            first.kill();
+            QVERIFY(first.waitForFinished(patience_milliseconds));
+            QCOMPARE(folders.Names(), QStringList { u"parzello"_s });
+        }
     }
 };
 
