@@ -88,8 +88,10 @@ Place RecordPlace(const QString& year_text, int position, const QStringList& fie
 Place ShortRecordPlace(const QString& year_text, int position, const QStringList& fields)
 {
     Place where = RecordPlace(year_text, position, fields);
-    where.remedy = QStringLiteral("Wählen Sie das Mitglied unter „Stammdaten“, ergänzen Sie die "
-                                  "Angaben und drücken Sie „Speichern“.");
+    where.field = MemberFieldCaption(static_cast<int>(fields.size()));
+    where.remedy
+        = QStringLiteral("Die Zeile hat weniger als 16 Felder. Wählen Sie das Mitglied unter "
+                         "„Stammdaten“, ergänzen Sie die Angaben und drücken Sie „Speichern“.");
     return where;
 }
 

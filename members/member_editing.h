@@ -32,7 +32,8 @@ void RemoveMember(MemberLists& lists, int position);
 /// File, line and member of a record of that year, for messages.
 Place RecordPlace(const QString& year_text, int position, const QStringList& fields);
 
-/// RecordPlace for a record with fewer than 16 fields that is shown.
+/// RecordPlace for a record with fewer than 16 fields that is shown or drawn; its field is the
+/// first missing one, so that both say the same and the box appears once.
 Place ShortRecordPlace(const QString& year_text, int position, const QStringList& fields);
 
 /// RecordPlace for a reading that is no number.

@@ -56,9 +56,10 @@ QStringList RollReadingsForward(const QStringList& records, const QString& file_
         where.file = file_name;
         where.line = static_cast<int>(k) + 1;
         where.remedy
-            = QStringLiteral("Bitte mit dem linken Pfeil das Vorjahr wählen, „Laden“ drücken, das "
-                             "Mitglied anklicken, seine Angaben prüfen und „Speichern“ drücken. "
-                             "Danach das Programm neu starten.");
+            = QStringLiteral("Die Zeile hat weniger als 16 Felder. Bitte mit dem linken Pfeil das "
+                             "Vorjahr wählen, „Laden“ drücken, das Mitglied anklicken, seine "
+                             "Angaben prüfen und „Speichern“ drücken. Danach das Programm neu "
+                             "starten.");
         rolled += RolledForward(records[k], where);
     }
     return rolled;
@@ -72,11 +73,6 @@ void RequireWholeRecord(const QStringList& fields, const Place& where)
     Place missing = where;
     missing.member = NameEntry(fields);
     missing.field = MemberFieldCaption(static_cast<int>(count));
-    missing.remedy = QStringLiteral("Die Zeile hat nur %1 von %2 Feldern, dieses ist das erste, "
-                                    "das fehlt. ")
-                         .arg(count)
-                         .arg(static_cast<int>(MemberFieldCount))
-        + where.remedy;
     throw RuntimeError { ErrorKind::SubscriptOutOfRange, missing, {} };
 }
 

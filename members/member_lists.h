@@ -46,8 +46,8 @@ void ReadPreviousYear(MemberLists& lists, const DataFiles& files, const QString&
 /// naming file_name, line and member.
 QStringList RollReadingsForward(const QStringList& records, const QString& file_name);
 
-/// Throws RuntimeError SubscriptOutOfRange when the record has fewer than 16 fields: the place with
-/// the member, the first missing field and how many there are; its remedy follows.
+/// Throws RuntimeError SubscriptOutOfRange when the record has fewer than 16 fields: the place,
+/// with the member and the caption of the first missing field.
 void RequireWholeRecord(const QStringList& fields, const Place& where);
 
 /// Writes the record list as members file of that year (whole rewrite).

@@ -52,7 +52,7 @@ const QString& Field(const Bill& bill, int field)
 {
     if (field < bill.fields.size())
         return bill.fields[field];
-    return FieldAt(bill.fields, field, ShortRecordPlace(bill.source, bill.member, field));
+    return FieldAt(bill.fields, field, ShortRecordPlace(bill.source, bill.member));
 }
 
 const QString& PreviousField(const Bill& bill, int field)

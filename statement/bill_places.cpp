@@ -4,6 +4,7 @@
 #include "data/file_names.h"
 #include "data/line_file.h"
 #include "data/records.h"
+#include "members/member_editing.h"
 
 #include <QHash>
 
@@ -56,13 +57,10 @@ Place MemberPlace(const BillSource& source, qsizetype member)
     return where;
 }
 
-Place ShortRecordPlace(const BillSource& source, qsizetype member, int field)
+Place ShortRecordPlace(const BillSource& source, qsizetype member)
 {
-    Place where = MemberPlace(source, member);
-    where.field = MemberFieldCaption(field);
-    where.remedy = u"Die Zeile hat weniger als 16 Felder. Wählen Sie das Mitglied unter"
-                   " „Stammdaten“, ergänzen Sie die Angaben und drücken Sie „Speichern“."_s;
-    return where;
+    return ShortRecordPlace(ListYear(source), static_cast<int>(member),
+        SplitRecord(source.Members.RecordList.value(member)));
 }
 
 Place ShortPreviousRecordPlace(const BillSource& source, qsizetype member, int field)

@@ -8,8 +8,10 @@
 /// File, line and name of a member (position from 0) in this year's list; no field, no remedy.
 Place MemberPlace(const BillSource& source, qsizetype member);
 
-/// A record without the field that is asked for.
-Place ShortRecordPlace(const BillSource& source, qsizetype member, int field);
+/// A record with fewer than 16 fields; the field is its first missing one.
+Place ShortRecordPlace(const BillSource& source, qsizetype member);
+
+/// A record of last year without the field that is asked for.
 Place ShortPreviousRecordPlace(const BillSource& source, qsizetype member, int field);
 
 /// A record too short for the search of the contact persons.

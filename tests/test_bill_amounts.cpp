@@ -88,8 +88,8 @@ private Q_SLOTS:
     void text_that_is_no_number_is_named();
     void a_price_that_is_no_number_is_named_data();
     void a_price_that_is_no_number_is_named();
-    void a_short_record_stops_at_its_first_missing_field_data();
-    void a_short_record_stops_at_its_first_missing_field();
+    void a_short_record_names_its_first_missing_field_data();
+    void a_short_record_names_its_first_missing_field();
     void a_short_line_of_last_year_is_named();
     void numbers_that_are_too_large_overflow_data();
     void numbers_that_are_too_large_overflow();
@@ -505,18 +505,18 @@ void TestBillAmounts::a_price_that_is_no_number_is_named()
     QCOMPARE(drawn.elements.last(), last_element);
 }
 
-void TestBillAmounts::a_short_record_stops_at_its_first_missing_field_data()
+void TestBillAmounts::a_short_record_names_its_first_missing_field_data()
 {
     QTest::addColumn<int>("fields");
     QTest::addColumn<QString>("missing");
     QTest::addColumn<QString>("last_element");
     QTest::newRow("one") << 1 << u"Vorname"_s << QString();
     QTest::newRow("two") << 2 << u"Str./HausNr"_s << u"address_name"_s;
-    QTest::newRow("twelve") << 12 << u"Endstand Strom"_s << u"address_town"_s;
+    QTest::newRow("twelve") << 12 << u"Anfangsstand Strom"_s << u"address_town"_s;
     QTest::newRow("fifteen") << 15 << u"Endstand Wasser"_s << u"row_5_subtotal"_s;
 }
 
-void TestBillAmounts::a_short_record_stops_at_its_first_missing_field()
+void TestBillAmounts::a_short_record_names_its_first_missing_field()
 {
     QFETCH(int, fields);
     QFETCH(QString, missing);

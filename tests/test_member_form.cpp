@@ -140,9 +140,16 @@ private Q_SLOTS:
         QCOMPARE(club.Errors(),
             QStringList({ u"Laufzeitfehler 9: Index außerhalb des gültigen Bereichs\nDatei "
                           u"„Mitgliedsdaten2017.pz“, Zeile 2, Mitglied „Kurz,Karl“, Feld "
-                          u"„Rechtschutz“: Die Zeile hat nur 9 von 16 Feldern, dieses ist das "
-                          u"erste, das fehlt. Wählen Sie das Mitglied unter „Stammdaten“, "
+                          u"„Rechtschutz“: Die Zeile hat weniger als 16 Felder. Wählen Sie das "
+                          u"Mitglied unter „Stammdaten“, "
                           u"ergänzen Sie die Angaben und drücken Sie „Speichern“."_s }));
+    }
+
+    void drawing_and_showing_the_same_short_record_give_one_box()
+    {
+        const MemberClub club(u"Kurz;Karl;Weg;Ort;;;3;1;0,00\r\n"_s);
+        QCOMPARE(club.Errors().size(), 1);
+        QVERIFY(club.Errors().value(0).contains(u"Feld „Rechtschutz“: Die Zeile hat"_s));
     }
 
     void saving_a_record_with_missing_fields_completes_it()
@@ -486,6 +493,15 @@ private Q_SLOTS:
         QCOMPARE(club.Field(0)->text(), u"Alt"_s);
         ClearFields(club.program, 0);
         QCOMPARE(club.FieldTexts().join(QString()), QString());
+
+        const auto& prices = club.program.SettingsTab.Text4;
+        for (QLineEdit* price : prices)
+            price->setText(u"1,00"_s);
+        ClearFields(club.program, 1);
+        QCOMPARE(prices[8]->text(), u"1,00"_s);
+        ClearFields(club.program, 2);
+        for (const QLineEdit* price : prices)
+            QCOMPARE(price->text(), QString());
     }
 };
 

@@ -256,7 +256,7 @@ private Q_SLOTS:
         QCOMPARE(error.kind, ErrorKind::SubscriptOutOfRange);
         QCOMPARE(ErrorSentence(error),
             u"Datei „Mitgliedsdaten2016.pz“, Zeile 2, Mitglied „Kurz,Karl“, Feld „Endstand "
-            u"Wasser“: Die Zeile hat nur 15 von 16 Feldern, dieses ist das erste, das fehlt. "
+            u"Wasser“: Die Zeile hat weniger als 16 Felder. "
             u"Bitte mit dem linken Pfeil das Vorjahr wählen, „Laden“ drücken, das Mitglied "
             u"anklicken, seine Angaben prüfen und „Speichern“ drücken. Danach das Programm neu "
             u"starten."_s);
