@@ -39,12 +39,12 @@ QWidget* BuildHead(Program& program, QWidget* parent)
     window.Text5->setText(ClubNameHint);
     window.Text5->setCursorPosition(0);
     window.Command22
-        = Named(new QPushButton(QStringLiteral("Speichern"), head), QStringLiteral("Command22"));
+        = Named(MakeButton(head, QStringLiteral("Speichern")), QStringLiteral("Command22"));
     window.Command22->setAccessibleName(QStringLiteral("Vereinsname speichern"));
     window.Command22->setToolTip(
         QStringLiteral("Speichert den Vereinsnamen. Er steht auf jeder Abrechnung."));
     window.Command8
-        = Named(new QPushButton(QStringLiteral("Beenden"), head), QStringLiteral("Command8"));
+        = Named(MakeButton(head, QStringLiteral("Beenden")), QStringLiteral("Command8"));
     window.Command8->setToolTip(QStringLiteral(
         "Beendet das Programm sofort und ohne Rückfrage. Nicht Gespeichertes geht verloren."));
 
@@ -58,12 +58,25 @@ QWidget* BuildHead(Program& program, QWidget* parent)
     return head;
 }
 
-QWidget* AddTab(Program& program, const QString& caption, void (*build)(Program&, QWidget*))
+/// What does not fit scrolls, on the ground of whatever it lies in.
+QScrollArea* Scrolling(QWidget* content)
+{
+    auto* scroll = new QScrollArea;
+    scroll->setFrameShape(QFrame::NoFrame);
+    scroll->setWidgetResizable(true);
+    scroll->setFocusPolicy(Qt::NoFocus);
+    scroll->setWidget(content);
+    scroll->viewport()->setAutoFillBackground(false);
+    content->setAutoFillBackground(false);
+    return scroll;
+}
+
+/// Each tab scrolls by itself, so that the head and the row of tabs stay in sight.
+void AddTab(Program& program, const QString& caption, void (*build)(Program&, QWidget*))
 {
     auto* page = new QWidget;
-    program.Window.SSTab1->addTab(page, caption);
+    program.Window.SSTab1->addTab(Scrolling(page), caption);
     build(program, page);
-    return page;
 }
 
 void BuildTabs(Program& program, QWidget* parent)
@@ -78,7 +91,7 @@ void BuildTabs(Program& program, QWidget* parent)
         program.Window.SSTab1->setTabToolTip(tab, QStringLiteral("Strg+%1").arg(tab + 1));
 }
 
-/// A window that is smaller than its tabs scrolls.
+/// The whole scrolls too: with very large letters even the head is wider than a very small screen.
 QWidget* BuildContent(Program& program)
 {
     auto* content = new QWidget;
@@ -90,12 +103,7 @@ QWidget* BuildContent(Program& program)
     column->addWidget(head);
     column->addWidget(program.Window.SSTab1, 1);
 
-    auto* scroll = new QScrollArea;
-    scroll->setFrameShape(QFrame::NoFrame);
-    scroll->setWidgetResizable(true);
-    scroll->setFocusPolicy(Qt::NoFocus);
-    scroll->setWidget(content);
-    return scroll;
+    return Scrolling(content);
 }
 
 bool WindowClosing(Program& program, QEvent&)
@@ -131,10 +139,19 @@ void ConnectHandlers(Program& program)
     OnEvent(program, window.Window, QEvent::Close, WindowClosing);
 }
 
-QSize FirstSize(const QWidget* window)
+/// Large enough for each tab to be seen whole, where the screen is.
+QSize FirstSize(const Program& program)
 {
-    const QSize wanted(1280, 860);
-    return wanted.boundedTo(window->screen()->availableGeometry().size());
+    const QTabWidget* tabs = program.Window.SSTab1;
+    QSize wanted(1280, 860);
+    for (int tab = 0; tab < tabs->count(); ++tab) {
+        const auto* scroll = static_cast<const QScrollArea*>(tabs->widget(tab));
+        const int above = tabs->parentWidget()->minimumSizeHint().height()
+            - scroll->minimumSizeHint().height(); // the head and the row of tabs
+        wanted = wanted.expandedTo(
+            scroll->widget()->minimumSizeHint() + QSize(2 * FrameSpacing, above));
+    }
+    return wanted.boundedTo(program.Window.Window->screen()->availableGeometry().size());
 }
 
 } // namespace
@@ -149,7 +166,7 @@ void BuildMainWindow(Program& program)
     if (!program.Ask)
         program.Ask = [window](const MessageBox& box) { return ShowMessageBox(window, box); };
     window->setCentralWidget(BuildContent(program));
-    window->resize(FirstSize(window));
+    window->resize(FirstSize(program));
     BuildShortcuts(program);
     ConnectHandlers(program); // last: building a tab control signals tab changes
 }

@@ -108,7 +108,7 @@ bool FolderAskedFor(Program& program, QEvent&)
 QPushButton* MakeButton(Program& program, QWidget* frame, const QString& caption,
     const QString& name, void (*handler)(Program&))
 {
-    auto* button = Named(new QPushButton(caption, frame), name);
+    auto* button = Named(MakeButton(frame, caption), name);
     On(program, button, &QPushButton::clicked, handler);
     // A stick comes and goes while the window is open: the tool tip is looked up when it is needed.
     OnEvent(program, button, QEvent::Enter, FolderAskedFor);

@@ -40,14 +40,6 @@ protected:
     }
 };
 
-QPushButton* MakeButton(QWidget* parent, const QString& text, const QString& tool_tip)
-{
-    auto* button = new QPushButton(text, parent);
-    button->setToolTip(tool_tip);
-    button->setAutoDefault(true); // Enter presses the button that has the focus
-    return button;
-}
-
 QFont Larger(const QFont& font, qreal factor)
 {
     QFont larger = font;
@@ -182,6 +174,7 @@ QHBoxLayout* BuildButtonRow(CashBookForm& form, QWidget* frame)
                                                  "markierte Zeile. Datum und Vorgang müssen "
                                                  "ausgefüllt sein.")),
         QStringLiteral("Command12"), 0);
+    MakePrimary(form.Command12[0]);
     form.Command12[1] = Named(MakeButton(frame, QStringLiteral("Löschen"),
                                   QStringLiteral("Löscht die angeklickte Zeile")),
         QStringLiteral("Command12"), 1);
@@ -245,6 +238,7 @@ QVBoxLayout* WithCaption(QListWidget* list, const QString& caption, QWidget* tab
     list->setMinimumHeight(0);
     list->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored); // as high as its neighbours
     KeepSelectionClear(list);
+    MakeRowsRoomy(list);
     auto* column = new QVBoxLayout;
     column->setSpacing(FrameSpacing / 2);
     QLabel* above = MakeCaption(tab, caption, list);
@@ -262,8 +256,6 @@ QVBoxLayout* BuildPayees(CashBookForm& form, QWidget* tab)
         = WithCaption(form.List9, QStringLiteral("sich wiederholende Vorgänge"), tab);
     form.List9->setSizeAdjustPolicy(QAbstractScrollArea::AdjustToContents); // none is cut off
     form.List9->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Ignored);
-    for (int row = 0; row < form.List9->count(); ++row) // except with very large letters
-        form.List9->item(row)->setToolTip(RecurringPayees[row]);
     return column;
 }
 

@@ -3,15 +3,23 @@
 #include "data/ansi_text.h"
 #include "data/german_numbers.h"
 
+#include <QAbstractItemView>
+#include <QHelpEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPalette>
+#include <QPushButton>
+#include <QStyledItemDelegate>
+#include <QToolTip>
 #include <QVariant>
+
+#include <algorithm>
 
 namespace {
 
 constexpr char tint_property[] = "tint";
 constexpr char own_tool_tip_property[] = "own_tool_tip";
+constexpr int row_margin = 3; // above and below the text of a row
 constexpr int text_margin = 14; // frame and inner margins of a line edit, left and right
 
 /// The same typed text with the caret at the same place counted from the end, which is where the
@@ -59,6 +67,28 @@ QColor Blend(const QColor& ground, const QColor& colour)
     return { mix(ground.red(), colour.red()), mix(ground.green(), colour.green()),
         mix(ground.blue(), colour.blue()) };
 }
+
+class RoomyRows : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override
+    {
+        return QStyledItemDelegate::sizeHint(option, index) + QSize(0, 2 * row_margin);
+    }
+
+    /// A text that is cut off at large fonts is told whole by the tool tip, unless the row has one.
+    bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
+        const QModelIndex& index) override
+    {
+        const bool cut_off = sizeHint(option, index).width() > option.rect.width();
+        if (event->type() != QEvent::ToolTip || !cut_off
+            || index.data(Qt::ToolTipRole).isValid())
+            return QStyledItemDelegate::helpEvent(event, view, option, index);
+        QToolTip::showText(event->globalPos(), index.data().toString(), view);
+        return true;
+    }
+};
 
 } // namespace
 
@@ -115,3 +145,22 @@ TintKind TintOf(const QWidget* field)
 {
     return static_cast<TintKind>(field->property(tint_property).toInt());
 }
+
+QPushButton* MakeButton(QWidget* parent, const QString& caption, const QString& tool_tip)
+{
+    auto* button = new QPushButton(caption, parent);
+    button->setToolTip(tool_tip);
+    button->setAutoDefault(true);
+    // Two letters of room on both sides: the style's own leave none at large fonts.
+    button->setMinimumWidth(std::max(button->sizeHint().width(),
+        button->fontMetrics().horizontalAdvance(caption + QStringLiteral("nnnn"))));
+    return button;
+}
+
+void MakePrimary(QPushButton* button)
+{
+    button->setAutoDefault(false); // such a button loses its looks with the focus
+    button->setDefault(true);
+}
+
+void MakeRowsRoomy(QAbstractItemView* list) { list->setItemDelegate(new RoomyRows(list)); }

@@ -5,8 +5,10 @@
 
 #include <QString>
 
+class QAbstractItemView;
 class QLabel;
 class QLineEdit;
+class QPushButton;
 class QWidget;
 
 inline constexpr int FrameSpacing = 8; ///< pixels between things inside a frame
@@ -25,6 +27,16 @@ QLineEdit* MakeField(QWidget* parent, FieldKind kind, int characters,
 
 /// A caption in front of a field (plain text; its buddy is the field).
 QLabel* MakeCaption(QWidget* parent, const QString& text, QWidget* field = nullptr);
+
+/// A button with room around its caption; Enter presses it while it has the focus.
+QPushButton* MakeButton(QWidget* parent, const QString& caption, const QString& tool_tip = {});
+
+/// Makes the button stand out as the one that its frame is for.
+void MakePrimary(QPushButton* button);
+
+/// Rows of a list of names high enough to be read and hit with ease; the tool tip of a name that is
+/// cut off says it whole.
+void MakeRowsRoomy(QAbstractItemView* list);
 
 enum class TintKind { None, Unsaved, Wrong, OtherYear };
 

@@ -31,14 +31,6 @@ constexpr int all_columns = -1; // of a grid: as far as it goes
 /// whole width.
 enum AddressColumn { Caption, Field, Unit, SecondCaption, SecondField, SecondUnit, Rest };
 
-QPushButton* MakeButton(QWidget* parent, const QString& text, const QString& tool_tip)
-{
-    auto* button = new QPushButton(text, parent);
-    button->setToolTip(tool_tip);
-    button->setAutoDefault(true); // Enter presses the button that has the focus
-    return button;
-}
-
 QGridLayout* GridOf(QGroupBox* frame)
 {
     auto* grid = new QGridLayout(frame);
@@ -103,6 +95,7 @@ QGroupBox* BuildNames(MemberForm& form, QWidget* parent)
     form.List1->setMinimumWidth(form.List1->fontMetrics().averageCharWidth() * list_characters);
     form.List1->setToolTip(
         QStringLiteral("Pfeiltasten wählen ein Mitglied, Tippen sucht den Nachnamen."));
+    MakeRowsRoomy(form.List1);
     TakeLeftOverHeight(form.List1);
     ColumnOf(frame)->addWidget(form.List1);
     return frame;
@@ -161,6 +154,7 @@ QHBoxLayout* BuildMemberButtons(MemberForm& form, QGroupBox* frame)
         MakeButton(frame, QStringLiteral("Speichern"),
             QStringLiteral("Speichert das Mitglied in der Datei des gezeigten Jahres (Strg+S).")),
         QStringLiteral("Command1"), 0);
+    MakePrimary(form.Command1Save);
     form.Command1Delete
         = Named(MakeButton(frame, QStringLiteral("Löschen"),
                     QStringLiteral("Löscht das gezeigte Mitglied sofort und ohne Rückfrage.")),
@@ -243,6 +237,7 @@ QGroupBox* BuildReadings(Program& program, QWidget* parent)
                            "Strg+Pfeil ab oder auf speichert sie und zeigt das nächste oder das "
                            "vorige Mitglied.")),
         QStringLiteral("Command2"));
+    MakePrimary(form.Command2);
     QVBoxLayout* column = ColumnOf(frame);
     column->addWidget(electricity);
     column->addWidget(water);
@@ -270,6 +265,7 @@ QGroupBox* BuildOverview(MemberForm& form, QWidget* parent)
     form.ListView2->setTabKeyNavigation(false);
     form.ListView2->setMinimumWidth(
         form.ListView2->fontMetrics().averageCharWidth() * list_characters);
+    MakeRowsRoomy(form.ListView2);
     TakeLeftOverHeight(form.ListView2);
     ColumnOf(frame)->addWidget(form.ListView2);
     return frame;

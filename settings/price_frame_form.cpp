@@ -147,5 +147,6 @@ PriceFrame BuildPriceFrame(SettingsForm& form, QWidget* parent)
     grid->addWidget(form.Label4, 0, 0);
     grid->addLayout(columns, 1, 0);
     AddSaveRow(grid, form.PricesMark, form.Command5);
+    grid->setColumnStretch(1, 1); // the button stays with the calendars in a wide frame
     return { frame, columns };
 }

@@ -54,8 +54,8 @@ QLabel* MakeMark(QWidget* parent, const QString& name)
 QPushButton* MakeSaveButton(
     QWidget* parent, const QString& name, const QString& accessible_name, const QString& tool_tip)
 {
-    auto* button = Named(new QPushButton(QStringLiteral("Speichern"), parent), name);
+    auto* button = Named(MakeButton(parent, QStringLiteral("Speichern"), tool_tip), name);
     button->setAccessibleName(accessible_name);
-    button->setToolTip(tool_tip);
+    MakePrimary(button);
     return button;
 }

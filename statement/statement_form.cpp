@@ -177,10 +177,10 @@ QWidget* BuildPagesFrame(Program& program, QWidget* tab)
     auto* frame = Named(new QGroupBox(u"Seiten"_s, tab), u"Frame11"_s, 1);
     form.Text7 = DisplayField(frame, u"Text7"_s, u"Angezeigte Seite"_s);
     form.Text9 = DisplayField(frame, u"Text9"_s, u"Gesamtseitenzahl"_s);
-    form.Command9Previous = Named(new QPushButton(u"◀ Vorherige"_s, frame), u"Command9"_s, 1);
+    form.Command9Previous = Named(MakeButton(frame, u"◀ Vorherige"_s), u"Command9"_s, 1);
     form.Command9Previous->setAccessibleName(u"Vorherige Seite"_s);
     form.Command9Previous->setToolTip(u"Vorherige Seite (Alt+Bild auf)"_s);
-    form.Command9Next = Named(new QPushButton(u"Nächste ▶"_s, frame), u"Command9"_s, 0);
+    form.Command9Next = Named(MakeButton(frame, u"Nächste ▶"_s), u"Command9"_s, 0);
     form.Command9Next->setAccessibleName(u"Nächste Seite"_s);
     form.Command9Next->setToolTip(u"Nächste Seite (Alt+Bild ab)"_s);
 
@@ -219,7 +219,8 @@ QWidget* BuildPrintFrame(Program& program, QWidget* tab)
     form.Text8From = PageNumberField(frame, 0, u"Drucken von Seite"_s);
     form.Text8From->setText(u"1"_s);
     form.Text8To = PageNumberField(frame, 1, u"Drucken bis Seite"_s);
-    form.Command6 = Named(new QPushButton(u"Drucken"_s, frame), u"Command6"_s);
+    form.Command6 = Named(MakeButton(frame, u"Drucken"_s), u"Command6"_s);
+    MakePrimary(form.Command6);
     form.Command6->setToolTip(u"Druckt die Abrechnungen (Strg+P)"_s);
 
     auto* options = new QHBoxLayout;
