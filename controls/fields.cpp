@@ -82,8 +82,7 @@ public:
         const QModelIndex& index) override
     {
         const bool cut_off = sizeHint(option, index).width() > option.rect.width();
-        if (event->type() != QEvent::ToolTip || !cut_off
-            || index.data(Qt::ToolTipRole).isValid())
+        if (event->type() != QEvent::ToolTip || !cut_off || index.data(Qt::ToolTipRole).isValid())
             return QStyledItemDelegate::helpEvent(event, view, option, index);
         QToolTip::showText(event->globalPos(), index.data().toString(), view);
         return true;

@@ -9,14 +9,19 @@
 #include <QComboBox>
 #include <QGroupBox>
 #include <QHeaderView>
+#include <QHelpEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QMainWindow>
 #include <QPushButton>
+#include <QScrollArea>
 #include <QScrollBar>
 #include <QStyle>
+#include <QTabBar>
 #include <QTabWidget>
 #include <QToolButton>
+#include <QToolTip>
 #include <QtTest>
 
 namespace {
@@ -169,7 +174,69 @@ private Q_SLOTS:
         QApplication::setFont(before);
     }
 
+    void the_head_and_the_tabs_stay_in_sight_in_a_small_window()
+    {
+        Shown club;
+        QMainWindow* window = club.program.Window.Window;
+        window->resize(640, 400);
+        QCoreApplication::processEvents();
+        const auto* exit = club.Control<QPushButton>("Command8");
+        QCOMPARE(exit->visibleRegion().boundingRect(), exit->rect());
+        QCOMPARE(club.Tabs()->tabBar()->visibleRegion().boundingRect().height(),
+            club.Tabs()->tabBar()->height());
+        for (int tab : { 0, 2 }) {
+            club.Tabs()->setCurrentIndex(tab);
+            QCoreApplication::processEvents();
+            const auto* scroll = qobject_cast<QScrollArea*>(club.Tabs()->widget(tab));
+            QVERIFY(scroll->verticalScrollBar()->maximum() > 0);
+            QVERIFY(scroll->horizontalScrollBar()->maximum() > 0);
+        }
+    }
+
+    void one_button_of_a_frame_stands_out_even_without_the_focus()
+    {
+        Shown club;
+        for (const char* name :
+            { "Command1(0)", "Command2", "Command6", "Command12(0)", "Command5", "Command7" }) {
+            auto* button = club.Control<QPushButton>(name);
+            club.Tabs()->setCurrentIndex(TabOf(club, button));
+            button->setFocus();
+            button->clearFocus();
+            QVERIFY2(button->isDefault(), name);
+        }
+        QVERIFY(!club.Control<QPushButton>("Command1(2)")->isDefault());
+        QVERIFY(!club.Control<QPushButton>("Command8")->isDefault());
+    }
+
+    void a_name_that_is_cut_off_is_told_whole_by_its_tool_tip()
+    {
+        Shown club;
+        club.program.Window.Window->resize(1280, 800);
+        club.Tabs()->setCurrentIndex(0);
+        QCoreApplication::processEvents();
+        auto* names = club.Control<QListWidget>("List1");
+        const auto tip_of_first = [names] {
+            const QRect row = names->visualItemRect(names->item(0));
+            QHelpEvent asked(
+                QEvent::ToolTip, row.center(), names->viewport()->mapToGlobal(row.center()));
+            QCoreApplication::sendEvent(names->viewport(), &asked);
+            return QToolTip::text();
+        };
+        QCOMPARE(tip_of_first(), names->toolTip());
+        names->item(0)->setText(QString(200, QLatin1Char('n')));
+        QCOMPARE(tip_of_first(), QString(200, QLatin1Char('n')));
+        QToolTip::hideText();
+    }
+
 private:
+    static int TabOf(const Shown& club, const QWidget* control)
+    {
+        int tab = 0;
+        while (!club.Tabs()->widget(tab)->isAncestorOf(control))
+            ++tab;
+        return tab;
+    }
+
     /// 1 when the widget has a text of its own, which must fit; 0 otherwise.
     static int Measure(const QWidget* widget)
     {
