@@ -2,6 +2,7 @@
 
 #include "app/program.h"
 #include "app/texts.h"
+#include "settings/settings_marks_form.h"
 
 #include <QCoreApplication>
 #include <QLineEdit>
@@ -60,7 +61,8 @@ bool AskForPrices(Program& program)
     return true;
 }
 
-void AskForBank(Program& program)
+/// True when the question was asked.
+bool AskForBank(Program& program)
 {
     for (std::size_t i = 0; i < 6; ++i) {
         const QString typed = program.SettingsTab.Text6[i]->text();
@@ -73,8 +75,16 @@ void AskForBank(Program& program)
             RestoreSettingsFields(program);
         }
         program.Settings.SettingsSaved = true;
-        return;
+        return true;
     }
+    return false;
+}
+
+/// A new salutation counts as saved once the prices are; when the window closes it still is not.
+void AskForSalutation(Program& program)
+{
+    if (BankDiffers(program) && Confirmed(program, AskSaveBank))
+        SaveBankSettings(program);
 }
 
 } // namespace
@@ -94,8 +104,10 @@ void AskForUnsaved(Program& program)
     if (program.CashBook.LedgerChanged || program.CashBook.BankUnsaved
         || program.CashBook.CashBoxUnsaved)
         AskForBalance(program);
-    AskForPrices(program);
-    AskForBank(program);
+    bool asked = AskForPrices(program);
+    asked = AskForBank(program) || asked;
+    if (!asked)
+        AskForSalutation(program);
 }
 
 void Exit(Program&)

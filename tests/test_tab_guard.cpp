@@ -244,6 +244,21 @@ private Q_SLOTS:
             club.BoxTexts(), (QStringList { ask_balance, ask_prices, saved, ask_bank, saved }));
     }
 
+    void closing_the_window_asks_for_a_salutation_that_the_prices_left_behind()
+    {
+        Club club;
+        auto* salutation = club.Control<QComboBox>("C1");
+        salutation->lineEdit()->selectAll();
+        QTest::keyClicks(salutation->lineEdit(), QStringLiteral("Herr"));
+        QTest::mouseClick(club.Control<QPushButton>("Command5"), Qt::LeftButton);
+        club.GoTo(0);
+        QCOMPARE(club.BoxTexts(), QStringList { saved });
+        QCloseEvent close;
+        QApplication::sendEvent(club.program.Window.Window, &close);
+        QCOMPARE(club.BoxTexts(), (QStringList { saved, ask_bank, saved }));
+        QVERIFY(club.Read(QStringLiteral("Config1.ini")).contains("Anrede=Herr\r\n"));
+    }
+
     void beenden_saves_nothing_and_asks_nothing()
     {
         Club club;
