@@ -119,6 +119,13 @@ private Q_SLOTS:
         QVERIFY(unit("Text4(0)").contains(QStringLiteral("Euro")));
     }
 
+    void captions_are_not_set_in_a_typewriter_font()
+    {
+        Shown club;
+        QVERIFY(!QFontInfo(club.program.Window.ClubNameLabel->font()).fixedPitch());
+        QVERIFY(!QFontInfo(club.Control<QPushButton>("Command8")->font()).fixedPitch());
+    }
+
     void no_caption_holds_a_shortcut_mark()
     {
         Shown club;
