@@ -19,7 +19,8 @@ DataFiles EmptyScratchFiles()
     for (const QString& path : { files.DataDirectory, files.StateDirectory }) {
         QDir directory(path);
         for (const QString& name : directory.entryList(QDir::Files | QDir::Hidden))
-            Require(directory.remove(name), "an empty folder", name);
+            // the whole path: Qt would look for a bare ":name" among the program's resources
+            Require(QFile::remove(path + u'/' + name), "an empty folder", name);
         Require(directory.mkpath(path), "a folder of its own", path);
     }
     return files;
