@@ -120,8 +120,8 @@ private Q_SLOTS:
     void a_file_that_cannot_be_read_is_reported()
     {
         QVERIFY(QFile::link(QStringLiteral("/proc/self/mem"), Path())); // reading it fails
-        QVERIFY_EXCEPTION_THROWN(ReadBank(m_files, {}), RuntimeError);
-        QVERIFY_EXCEPTION_THROWN(WriteBank(m_files, {}), RuntimeError);
+        QVERIFY_THROWS_EXCEPTION(RuntimeError, ReadBank(m_files, {}));
+        QVERIFY_THROWS_EXCEPTION(RuntimeError, WriteBank(m_files, {}));
         QFile::remove(Path());
     }
 };

@@ -213,9 +213,9 @@ private Q_SLOTS:
     {
         QVERIFY(QDir(m_files.DataDirectory).mkdir(QStringLiteral("Config.ini")));
         QCOMPARE(ReadIni(m_files, QStringLiteral("S"), QStringLiteral("k"), ini_name), QString());
-        QVERIFY_EXCEPTION_THROWN(WriteIni(m_files, QStringLiteral("S"), QStringLiteral("k"),
-                                     QStringLiteral("1"), ini_name),
-            RuntimeError);
+        QVERIFY_THROWS_EXCEPTION(RuntimeError,
+            WriteIni(
+                m_files, QStringLiteral("S"), QStringLiteral("k"), QStringLiteral("1"), ini_name));
     }
 };
 
