@@ -5,9 +5,9 @@
 #include "app/texts.h"
 #include "controls/fields.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QFont>
-#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QIcon>
 #include <QLabel>
@@ -106,11 +106,21 @@ QWidget* BuildContent(Program& program)
     return Scrolling(content);
 }
 
-bool WindowClosing(Program& program, QEvent&)
+/// The window stays when something could not be saved.
+bool WindowClosing(Program& program, QEvent& event)
 {
-    if (!qGuiApp->isSavingSession()) // the end of the desktop session must not wait for an answer
-        AskForUnsaved(program);
-    return false;
+    if (AskForUnsaved(program))
+        return false;
+    event.ignore();
+    return true;
+}
+
+/// The end of the desktop session must not wait for an answer: the event would close the window,
+/// which asks. It also comes after the window was closed, with nothing left to ask.
+bool SessionEnds(QEvent&)
+{
+    QCoreApplication::exit(0);
+    return true;
 }
 
 bool ClubNameFocused(Program& program, QEvent&)
@@ -168,6 +178,7 @@ void BuildMainWindow(Program& program)
     window->setCentralWidget(BuildContent(program));
     window->resize(FirstSize(program));
     BuildShortcuts(program);
+    HookEvent(qApp, QEvent::Quit, SessionEnds);
     ConnectHandlers(program); // last: building a tab control signals tab changes
 }
 

@@ -6,6 +6,8 @@
 
 #include <QCoreApplication>
 #include <QLineEdit>
+#include <QSignalBlocker>
+#include <QTabWidget>
 
 namespace {
 
@@ -22,6 +24,15 @@ bool Confirmed(Program& program, const QString& question)
     return program.Ask(box) == BoxAnswer::Yes;
 }
 
+/// Bookings that could not be saved are only in memory, and much of what the other tabs do reads
+/// the year anew: the cash book comes back to the front, and the question will come again.
+void KeepCashBookInFront(Program& program)
+{
+    program.CashBook.LedgerChanged = true;
+    const QSignalBlocker not_by_the_user(program.Window.SSTab1);
+    program.Window.SSTab1->setCurrentIndex(cash_book_tab);
+}
+
 void AskForBalance(Program& program)
 {
     const bool save = Confirmed(program, AskSaveBalance);
@@ -31,31 +42,49 @@ void AskForBalance(Program& program)
     try {
         SaveBothLedgers(program);
     } catch (const RuntimeError&) {
-        program.CashBook.LedgerChanged = true; // the bookings are still only in memory: ask again
+        KeepCashBookInFront(program);
         throw;
     }
 }
 
+/// Texts that were answered with "Nein" and stayed in their field, because the saved text is empty,
+/// are not asked about again.
 bool PriceTextDiffers(const Program& program)
 {
-    for (std::size_t i = 0; i < 8; ++i) {
-        if (program.SettingsTab.Text4[i]->text() != program.Settings.SavedPrices[i])
+    const SettingsState& state = program.Settings;
+    for (std::size_t i = 0; i < state.DeclinedPrices.size(); ++i) {
+        const QString text = program.SettingsTab.Text4[i]->text();
+        if (text != state.SavedPrices[i] && text != state.DeclinedPrices[i])
             return true;
     }
     return false;
 }
 
+/// The bank's "Speichern" counts everything as saved, a ticked box or a date beside it is not.
+bool PricesAreUnsaved(const Program& program)
+{
+    const SettingsState& state = program.Settings;
+    return (state.PricesEdited && (!state.SettingsSaved || PricesDiffer(program)))
+        || PriceTextDiffers(program);
+}
+
+void DeclinePrices(Program& program)
+{
+    RestoreSettingsFields(program);
+    for (std::size_t i = 0; i < program.Settings.DeclinedPrices.size(); ++i)
+        program.Settings.DeclinedPrices[i] = program.SettingsTab.Text4[i]->text();
+}
+
 /// True when the question was asked; the guard ends with it then.
 bool AskForPrices(Program& program)
 {
-    const bool edited = !program.Settings.SettingsSaved && program.Settings.PricesEdited;
-    if (!edited && !PriceTextDiffers(program))
+    if (!PricesAreUnsaved(program))
         return false;
     if (Confirmed(program, AskSavePrices)) {
         SavePriceSettings(program);
         SaveSalutation(program);
     } else {
-        RestoreSettingsFields(program);
+        DeclinePrices(program);
     }
     program.Settings.SettingsSaved = true;
     return true;
@@ -99,15 +128,25 @@ void TabChanged(Program& program, int new_tab)
         AskForBank(program);
 }
 
-void AskForUnsaved(Program& program)
+bool AskForUnsaved(Program& program)
 {
-    if (program.CashBook.LedgerChanged || program.CashBook.BankUnsaved
-        || program.CashBook.CashBoxUnsaved)
-        AskForBalance(program);
-    bool asked = AskForPrices(program);
-    asked = AskForBank(program) || asked;
-    if (!asked)
-        AskForSalutation(program);
+    bool asked_for_settings = false;
+    const auto done = [&program](const auto& question) {
+        bool without_error = false;
+        Guard(program.Errors, program.Ask, [&] {
+            question();
+            without_error = true;
+        });
+        return without_error;
+    };
+    bool all_done = true;
+    if (program.CashBook.BankUnsaved || program.CashBook.CashBoxUnsaved)
+        all_done = done([&] { AskForBalance(program); });
+    all_done = done([&] { asked_for_settings = AskForPrices(program); }) && all_done;
+    all_done = done([&] { asked_for_settings |= AskForBank(program); }) && all_done;
+    if (all_done && !asked_for_settings)
+        all_done = done([&] { AskForSalutation(program); });
+    return all_done;
 }
 
 void Exit(Program&)

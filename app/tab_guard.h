@@ -8,8 +8,9 @@ struct Program;
 void TabChanged(Program& program, int new_tab);
 
 /// The questions that closing the window by its frame asks: those of TabChanged for everything
-/// unsaved.
-void AskForUnsaved(Program& program);
+/// unsaved. False when a "Ja" could not be carried out; the error box has been shown then and the
+/// window should stay.
+bool AskForUnsaved(Program& program);
 
 /// Command8 "Beenden": ends the program at once and asks nothing.
 void Exit(Program& program);

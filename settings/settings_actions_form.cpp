@@ -63,6 +63,7 @@ void TakePrices(Program& program, const PriceSettings& prices)
     program.Prices = prices;
     for (std::size_t i = 0; i < PriceCount; ++i)
         program.Settings.SavedPrices[i] = PriceText(prices, i);
+    program.Settings.DeclinedPrices.fill({});
     program.Settings.SavedBillingDate = prices.BillingDate;
     program.Settings.SavedDeadline = prices.PaymentDeadline;
 }

@@ -4,6 +4,7 @@
 #include <QString>
 
 #include <array>
+#include <optional>
 
 class QCalendarWidget;
 class QCheckBox;
@@ -21,6 +22,8 @@ struct SettingsState {
     bool SettingsSaved = true; ///< false after any edit on the tab
     bool PricesEdited = false; ///< a price, a date, the salutation or a prepayment box was edited
     std::array<QString, 11> SavedPrices; ///< snapshot of Text4(0) to Text4(7)
+    std::array<std::optional<QString>, 8>
+        DeclinedPrices; ///< Text4(0) to Text4(7) after the last "Nein" to their question
     std::array<QString, 6> SavedBank; ///< snapshot of Text6(0) to Text6(5)
     QString SavedBillingDate; ///< as last loaded or saved; a click in a calendar leaves it
     QString SavedDeadline; ///< the same

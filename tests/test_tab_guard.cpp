@@ -5,6 +5,8 @@
 #include <QCheckBox>
 #include <QCloseEvent>
 #include <QComboBox>
+#include <QDir>
+#include <QFile>
 #include <QLineEdit>
 #include <QMainWindow>
 #include <QPushButton>
@@ -40,6 +42,14 @@ struct Club : TestClub {
         auto* field = Control<QLineEdit>(name);
         field->selectAll();
         QTest::keyClicks(field, text);
+    }
+
+    /// A folder in place of the file: it can no longer be written.
+    void BlockFile(const QString& name) const
+    {
+        const QString path = program.Files.DataDirectory + QLatin1Char('/') + name;
+        QVERIFY(QFile::rename(path, path + QStringLiteral(".weg")));
+        QVERIFY(QDir().mkdir(path));
     }
 
     void Book(const QString& date, const QString& text, const QString& deposit)
@@ -242,6 +252,105 @@ private Q_SLOTS:
         QVERIFY(close.isAccepted());
         QCOMPARE(
             club.BoxTexts(), (QStringList { ask_balance, ask_prices, saved, ask_bank, saved }));
+    }
+
+    void a_price_that_was_declined_is_not_asked_about_again()
+    {
+        Club club;
+        club.Type("Text4(7)", QStringLiteral("5")); // the saved text is empty: "Nein" leaves it
+        QCOMPARE(club.program.Settings.SavedPrices[7], QString());
+        club.Answers = { BoxAnswer::No };
+        club.GoTo(0);
+        QCOMPARE(club.BoxTexts(), QStringList { ask_prices });
+        QCOMPARE(club.Control<QLineEdit>("Text4(7)")->text(), QStringLiteral("5"));
+        for (int tab : { 3, 0, 1, 3, 2 })
+            club.GoTo(tab);
+        QCOMPARE(club.Boxes.size(), 1);
+        club.Type("Text4(7)", QStringLiteral("6"));
+        club.Answers = { BoxAnswer::No };
+        club.GoTo(0);
+        QCOMPARE(club.Boxes.size(), 2);
+    }
+
+    void a_ticked_box_beside_a_saved_bank_is_asked_about()
+    {
+        Club club;
+        club.GoTo(3);
+        auto* water = club.Control<QCheckBox>("Check2");
+        const bool before = water->isChecked();
+        QTest::keyClick(water, Qt::Key_Space);
+        QTest::mouseClick(club.Control<QPushButton>("Command7"), Qt::LeftButton);
+        club.Boxes.clear();
+        club.Answers = { BoxAnswer::No };
+        club.GoTo(0);
+        QCOMPARE(club.BoxTexts(), QStringList { ask_prices });
+        QCOMPARE(water->isChecked(), before);
+        club.GoTo(1);
+        QCOMPARE(club.Boxes.size(), 1);
+    }
+
+    void bookings_that_cannot_be_saved_keep_the_cash_book_in_front()
+    {
+        Club club;
+        club.Book(QStringLiteral("01.12.2017"), QStringLiteral("Porto"), QStringLiteral("1,00"));
+        club.BlockFile(QStringLiteral("Konto2017.pz"));
+        club.GoTo(0);
+        QCOMPARE(club.Boxes.size(), 2);
+        QCOMPARE(club.BoxTexts().first(), ask_balance);
+        QCOMPARE(club.Boxes[1].icon, BoxIcon::Error);
+        QCOMPARE(club.program.Window.SSTab1->currentIndex(), 2);
+        QCOMPARE(club.program.CashBook.BankLedger.size(), 10);
+        club.Boxes.clear();
+        club.Answers = { BoxAnswer::No };
+        club.GoTo(0);
+        QCOMPARE(club.BoxTexts(), QStringList { ask_balance });
+        QCOMPARE(club.program.Window.SSTab1->currentIndex(), 0);
+    }
+
+    void the_window_stays_when_something_could_not_be_saved()
+    {
+        Club club;
+        club.Type("Text4(3)", QStringLiteral("40,00"));
+        club.program.CashBook.BankUnsaved = true;
+        club.BlockFile(QStringLiteral("Konto2017.pz"));
+        QCloseEvent close;
+        QApplication::sendEvent(club.program.Window.Window, &close);
+        QVERIFY(!close.isAccepted());
+        QVERIFY(club.BoxTexts().contains(ask_prices)); // the others are asked all the same
+        QVERIFY(club.Read(QStringLiteral("Config.ini")).contains("Beitrag=40,00\r\n"));
+        club.Boxes.clear();
+        club.Answers = { BoxAnswer::No };
+        QCloseEvent again;
+        QApplication::sendEvent(club.program.Window.Window, &again);
+        QVERIFY(again.isAccepted());
+        QCOMPARE(club.BoxTexts(), QStringList { ask_balance });
+    }
+
+    void closing_the_window_after_saving_the_bookings_asks_nothing()
+    {
+        Club club;
+        club.program.CashBook.LedgerChanged = true; // stays so after "Speichern"
+        QCloseEvent close;
+        QApplication::sendEvent(club.program.Window.Window, &close);
+        QVERIFY(close.isAccepted());
+        QCOMPARE(club.BoxTexts(), QStringList());
+    }
+
+    void the_end_of_the_desktop_session_asks_and_saves_nothing()
+    {
+        Club club;
+        const QByteArray before = club.Read(QStringLiteral("Config.ini"));
+        club.program.Window.Window->show();
+        club.Type("Text4(0)", QStringLiteral("9,99"));
+        club.program.CashBook.BankUnsaved = true;
+        QTimer::singleShot(0, qApp, [] {
+            QEvent quit(QEvent::Quit); // what the session sends
+            QCoreApplication::sendEvent(qApp, &quit);
+        });
+        QTimer::singleShot(5000, qApp, [] { QCoreApplication::exit(99); });
+        QCOMPARE(QApplication::exec(), 0);
+        QCOMPARE(club.BoxTexts(), QStringList());
+        QCOMPARE(club.Read(QStringLiteral("Config.ini")), before);
     }
 
     void closing_the_window_asks_for_a_salutation_that_the_prices_left_behind()
