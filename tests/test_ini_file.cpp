@@ -209,6 +209,51 @@ private Q_SLOTS:
         QCOMPARE(Read(), QByteArray("[Daten]\r\nBLZ=\r\n"));
     }
 
+    void names_match_without_regard_to_case_over_the_whole_code_page_data()
+    {
+        QTest::addColumn<QByteArray>("stored");
+        QTest::addColumn<QString>("asked");
+        QTest::addColumn<bool>("same");
+        QTest::newRow("plain letter") << QByteArray("Wasser") << QStringLiteral("wASSER") << true;
+        QTest::newRow("umlaut") << QByteArray("Fl\xc4"
+                                              "che")
+                                << QStringLiteral("Fläche") << true;
+        QTest::newRow("Thorn") << QByteArray("\xde") << QStringLiteral("þ") << true;
+        QTest::newRow("S caron") << QByteArray("\x8a") << QStringLiteral("š") << true;
+        QTest::newRow("OE") << QByteArray("\x8c") << QStringLiteral("œ") << true;
+        QTest::newRow("Z caron") << QByteArray("\x9e") << QStringLiteral("Ž") << true;
+        QTest::newRow("Y diaeresis") << QByteArray("\x9f") << QStringLiteral("ÿ") << true;
+        QTest::newRow("times, divided by") << QByteArray("\xd7") << QStringLiteral("÷") << false;
+        QTest::newRow("sharp s") << QByteArray("\xdf") << QStringLiteral("ss") << false;
+    }
+
+    void names_match_without_regard_to_case_over_the_whole_code_page()
+    {
+        QFETCH(QByteArray, stored);
+        QFETCH(QString, asked);
+        QFETCH(bool, same);
+        Write("[" + stored + "]\r\n" + stored + "=1\r\n");
+        QCOMPARE(ReadIni(m_files, asked, asked, ini_name), same ? QStringLiteral("1") : QString());
+    }
+
+    void a_tab_and_a_vertical_tab_around_names_and_values_do_not_count()
+    {
+        Write("\t[S]\v\r\n\v k\t=\t1\v\r\n");
+        QCOMPARE(ReadIni(m_files, QStringLiteral("S"), QStringLiteral("k"), ini_name),
+            QStringLiteral("1"));
+    }
+
+    void a_new_key_behind_a_last_line_that_ends_with_a_lone_return_starts_a_line_of_its_own()
+    {
+        Write("[S]\r\nk=1\r");
+        WriteIni(m_files, QStringLiteral("S"), QStringLiteral("n"), QStringLiteral("2"), ini_name);
+        QCOMPARE(ReadIni(m_files, QStringLiteral("S"), QStringLiteral("k"), ini_name),
+            QStringLiteral("1"));
+        QCOMPARE(ReadIni(m_files, QStringLiteral("S"), QStringLiteral("n"), ini_name),
+            QStringLiteral("2"));
+        QVERIFY(Read().startsWith("[S]\r\nk=1\r"));
+    }
+
     void a_folder_in_the_files_place_is_an_error_of_the_write()
     {
         QVERIFY(QDir(m_files.DataDirectory).mkdir(QStringLiteral("Config.ini")));
