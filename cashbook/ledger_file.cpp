@@ -40,9 +40,7 @@ QString FieldCaption(int field)
 
 QStringList ReadLedgerLines(const DataFiles& files, const QString& name)
 {
-    const QStringList lines = ReadLines(files, name, MostBookings);
-    const qsizetype empty = lines.indexOf(QString());
-    return empty < 0 ? lines : lines.first(empty);
+    return ReadLinesUpToEmpty(files, name, MostBookings);
 }
 
 QStringList WithoutStoredBalances(const QStringList& lines)

@@ -65,6 +65,24 @@ QByteArray ReadUpTo(const DataFiles& files, const QString& name, qint64 largest)
     return record ? record->content : content;
 }
 
+enum class ReadingEnd { EndOfFile, EmptyLine };
+
+QStringList LinesOf(
+    const DataFiles& files, const QString& name, qsizetype most_lines, ReadingEnd reading_end)
+{
+    const QByteArray content = ReadTextBytes(files, name);
+    QStringList lines;
+    for (qsizetype begin = 0; begin < content.size();) {
+        const qsizetype end = EndOfLine(content, begin);
+        if (end == begin && reading_end == ReadingEnd::EmptyLine)
+            return lines;
+        CheckLine(FileNameOf(name), lines.size() + 1, end - begin, most_lines);
+        lines += DecodeAnsi(content.mid(begin, end - begin));
+        begin = end + line_end.size();
+    }
+    return lines;
+}
+
 } // namespace
 
 bool FileExists(const DataFiles& files, const QString& name)
@@ -88,15 +106,12 @@ QByteArray ReadTextBytes(const DataFiles& files, const QString& name)
 
 QStringList ReadLines(const DataFiles& files, const QString& name, qsizetype most_lines)
 {
-    const QByteArray content = ReadTextBytes(files, name);
-    QStringList lines;
-    for (qsizetype begin = 0; begin < content.size();) {
-        const qsizetype end = EndOfLine(content, begin);
-        CheckLine(FileNameOf(name), lines.size() + 1, end - begin, most_lines);
-        lines += DecodeAnsi(content.mid(begin, end - begin));
-        begin = end + line_end.size();
-    }
-    return lines;
+    return LinesOf(files, name, most_lines, ReadingEnd::EndOfFile);
+}
+
+QStringList ReadLinesUpToEmpty(const DataFiles& files, const QString& name, qsizetype most_lines)
+{
+    return LinesOf(files, name, most_lines, ReadingEnd::EmptyLine);
 }
 
 QString ReadFirstLine(const DataFiles& files, const QString& name)

@@ -36,6 +36,11 @@ constexpr qsizetype LongestLine = 32767;
 QStringList ReadLines(
     const DataFiles& files, const QString& name, qsizetype most_lines = MostLines);
 
+/// The lines in front of the first empty one; what stands behind it is not looked at, however
+/// damaged it is. Throws like ReadLines.
+QStringList ReadLinesUpToEmpty(
+    const DataFiles& files, const QString& name, qsizetype most_lines = MostLines);
+
 /// The first line alone, whatever follows; empty for an empty file. Throws like ReadLines.
 QString ReadFirstLine(const DataFiles& files, const QString& name);
 

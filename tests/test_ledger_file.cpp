@@ -182,6 +182,20 @@ private Q_SLOTS:
         QVERIFY(!error.where.remedy.isEmpty());
     }
 
+    void damage_behind_the_first_empty_line_hides_no_booking_data()
+    {
+        QTest::addColumn<QByteArray>("behind");
+        QTest::newRow("a line that is too long") << QByteArray(40'000, 'x') + "\r\n";
+        QTest::newRow("200,001 lines in all") << QByteArray("1;2\r\n").repeated(199'999);
+    }
+    void damage_behind_the_first_empty_line_hides_no_booking()
+    {
+        QFETCH(const QByteArray, behind);
+        const Folder folder;
+        folder.Put("01.01.2016;a;1,00;0,00\r\n\r\n" + behind);
+        QCOMPARE(ReadLedger(folder.files, name), QStringList { u"01.01.2016;a;1,00;0,00"_s });
+    }
+
     void what_could_not_be_read_again_is_not_written()
     {
         const Folder folder;

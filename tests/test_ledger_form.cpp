@@ -165,6 +165,16 @@ private Q_SLOTS:
         QCOMPARE(club.File(CashBookClub::bank), bank_line + u"02.02.2016;b;1,00;0,00\r\n"_s);
     }
 
+    void damage_behind_an_empty_line_is_not_read_and_needs_no_box()
+    {
+        CashBookClub club({}, {}, false);
+        club.Write(QString::fromLatin1(CashBookClub::bank),
+            CashBookClub::Ansi(bank_line + u"\r\n"_s) + QByteArray(40'000, 'x'));
+        club.Start(QDate(2016, 3, 3));
+        QCOMPARE(club.Texts(), QStringList { u"Anfang"_s });
+        QVERIFY(club.Boxes.isEmpty());
+    }
+
     void loading_and_saving_loses_no_line_data()
     {
         QTest::addColumn<QString>("lines");

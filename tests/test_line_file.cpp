@@ -181,6 +181,54 @@ private Q_SLOTS:
             ErrorOf([&] { ReadFirstLine(folders.files, u"\\V.dat"_s); }).kind, ErrorKind::Overflow);
     }
 
+    void an_empty_line_ends_the_reading_and_nothing_behind_it_is_looked_at_data()
+    {
+        QTest::addColumn<QByteArray>("content");
+        QTest::addColumn<QStringList>("lines");
+        const QStringList one { u"a;b"_s };
+        QTest::newRow("no empty line")
+            << QByteArray("a;b\r\nc") << QStringList { u"a;b"_s, u"c"_s };
+        QTest::newRow("at once") << QByteArray("\r\na;b\r\n") << QStringList {};
+        QTest::newRow("empty file") << QByteArray() << QStringList {};
+        QTest::newRow("blanks, CR and LF are no empty line")
+            << QByteArray(" \r\n\r\r\n\n\r\n\r\nx\r\n") << QStringList { u" "_s, u"\r"_s, u"\n"_s };
+        QTest::newRow("a line that is too long behind it")
+            << "a;b\r\n\r\n" + QByteArray(LongestLine + 1, 'x') << one;
+        QTest::newRow("too many lines behind it")
+            << "a;b\r\n\r\n" + QByteArray("x\r\n").repeated(MostLines) << one;
+        QTest::newRow("as many lines as there may be, then the empty one")
+            << QByteArray("x\r\n").repeated(MostLines) + "\r\n"
+            << QStringList(MostLines, u"x"_s);
+    }
+    void an_empty_line_ends_the_reading_and_nothing_behind_it_is_looked_at()
+    {
+        QFETCH(const QByteArray, content);
+        QFETCH(const QStringList, lines);
+        const DataFolders folders;
+        folders.Put(u"Konto2016.pz"_s, content);
+        QCOMPARE(ReadLinesUpToEmpty(folders.files, u"\\Konto2016.pz"_s), lines);
+    }
+
+    void in_front_of_the_empty_line_the_bounds_hold_data()
+    {
+        QTest::addColumn<QByteArray>("content");
+        QTest::addColumn<int>("line");
+        QTest::newRow("too long") << "a\r\n" + QByteArray(LongestLine + 1, 'x') + "\r\n\r\n" << 2;
+        QTest::newRow("too many") << QByteArray("x\r\n").repeated(MostLines + 1) + "\r\n"
+                                  << int(MostLines) + 1;
+    }
+    void in_front_of_the_empty_line_the_bounds_hold()
+    {
+        QFETCH(const QByteArray, content);
+        QFETCH(const int, line);
+        const DataFolders folders;
+        folders.Put(u"Konto2016.pz"_s, content);
+        const RuntimeError error
+            = ErrorOf([&] { ReadLinesUpToEmpty(folders.files, u"\\Konto2016.pz"_s); });
+        QCOMPARE(error.kind, ErrorKind::Overflow);
+        QCOMPARE(error.where.line, line);
+    }
+
     void more_than_any_club_has_is_not_read()
     {
         const DataFolders folders;
@@ -196,8 +244,8 @@ private Q_SLOTS:
         folders.Put(u"Mitgliedsdaten2016.pz"_s, {});
         const QString path = folders.Path(u"Mitgliedsdaten2016.pz"_s);
         QVERIFY(QFile::resize(path, LargestText + 1));
-        for (const auto& reader :
-            { &TestLineFile::Lines, &TestLineFile::FirstLine, &TestLineFile::TextBytes })
+        for (const auto& reader : { &TestLineFile::Lines, &TestLineFile::LinesUpToEmpty,
+                 &TestLineFile::FirstLine, &TestLineFile::TextBytes })
             QCOMPARE(ErrorOf([&] { reader(folders.files); }).reason, u"Die Datei ist zu groß"_s);
         const QStringList lines(1100, QString(LongestLine, u'x'));
         QCOMPARE(ErrorOf([&] { RewriteLines(folders.files, members, lines); }).reason,
@@ -227,6 +275,7 @@ private Q_SLOTS:
 
 private:
     static void Lines(const DataFiles& files) { ReadLines(files, members); }
+    static void LinesUpToEmpty(const DataFiles& files) { ReadLinesUpToEmpty(files, members); }
     static void FirstLine(const DataFiles& files) { ReadFirstLine(files, members); }
     static void TextBytes(const DataFiles& files) { ReadTextBytes(files, members); }
 };
