@@ -123,14 +123,9 @@ bool SessionEnds(QEvent&)
     return true;
 }
 
-bool ClubNameFocused(Program& program, QEvent&)
-{
-    program.Window.Text5->selectAll(); // so that typing replaces the hint
-    return false;
-}
-
-/// A click into the hint would set the caret into it; it stays selected until something is typed.
-bool ClubNameClicked(Program& program, QEvent&)
+/// Typing replaces the hint: it is selected with the focus, and again after a click, which would
+/// set the caret into it. What was typed is treated as everywhere.
+bool SelectClubNameHint(Program& program, QEvent&)
 {
     if (program.Window.Text5->text() == ClubNameHint)
         program.Window.Text5->selectAll();
@@ -144,8 +139,8 @@ void ConnectHandlers(Program& program)
     On(program, window.Command8, &QPushButton::clicked, Exit);
     On(program, window.Command22, &QPushButton::clicked, SaveClubName);
     On(program, window.Text5, &QLineEdit::returnPressed, SaveClubName);
-    OnEvent(program, window.Text5, QEvent::FocusIn, ClubNameFocused);
-    OnEvent(program, window.Text5, QEvent::MouseButtonRelease, ClubNameClicked);
+    OnEvent(program, window.Text5, QEvent::FocusIn, SelectClubNameHint);
+    OnEvent(program, window.Text5, QEvent::MouseButtonRelease, SelectClubNameHint);
     OnEvent(program, window.Window, QEvent::Close, WindowClosing);
 }
 

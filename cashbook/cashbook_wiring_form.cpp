@@ -85,14 +85,22 @@ void ConnectLists(Program& program)
     OnEvent(program, form.List4, QEvent::KeyPress, NameKeyPressed);
 }
 
-/// The whole amount is selected by whatever way the field gets the focus. The press that brings it
-/// would set the caret, so the text is selected again when the button is let go.
+/// The way back from another window or from the context menu: the field had the focus all along.
+bool ComesBack(Qt::FocusReason reason)
+{
+    return reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason;
+}
+
+/// The whole amount is selected when the field is entered, by key or by mouse. The press that
+/// enters it would set the caret, so the text is selected again when the button is let go.
 void SelectOnFocus(Program& program, QLineEdit* amount)
 {
     const auto pressed_in = std::make_shared<bool>(false);
     OnEvent(program, amount, QEvent::FocusIn, [amount, pressed_in](Program&, QEvent& event) {
-        *pressed_in = static_cast<const QFocusEvent&>(event).reason() == Qt::MouseFocusReason;
-        amount->selectAll();
+        const Qt::FocusReason reason = static_cast<const QFocusEvent&>(event).reason();
+        *pressed_in = reason == Qt::MouseFocusReason;
+        if (!ComesBack(reason))
+            amount->selectAll();
         return false;
     });
     OnEvent(program, amount, QEvent::MouseButtonRelease, [amount, pressed_in](Program&, QEvent&) {

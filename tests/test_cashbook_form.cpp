@@ -3,6 +3,7 @@
 #include "tests/support/cash_book_club.h"
 
 #include <QCalendarWidget>
+#include <QContextMenuEvent>
 
 using namespace Qt::StringLiterals;
 
@@ -338,6 +339,40 @@ private Q_SLOTS:
         // the next click sets the caret, as everywhere
         QTest::mouseClick(club.Field(3), Qt::LeftButton, {}, QPoint(4, 8));
         QVERIFY(!club.Field(3)->hasSelectedText());
+    }
+
+    void an_amount_goes_on_where_it_was_after_another_window()
+    {
+        const CashBookClub club(four_lines);
+        club.Field(2)->setFocus(Qt::TabFocusReason);
+        QTest::keyClicks(club.Field(2), u"12"_s);
+        QWidget other;
+        other.show();
+        other.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&other));
+        QVERIFY(!club.Field(2)->hasFocus());
+        club.program.Window.Window->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(club.program.Window.Window));
+        QVERIFY(club.Field(2)->hasFocus());
+        QTest::keyClicks(club.Field(2), u","_s);
+        QCOMPARE(club.Field(2)->text(), u"12,"_s);
+    }
+
+    void the_context_menu_of_an_amount_leaves_its_selection_alone()
+    {
+        const CashBookClub club(four_lines);
+        CashBookClub::Type(club.Field(3), u"123,45"_s);
+        club.Field(3)->setSelection(0, 1);
+        const QPoint place(4, 8);
+        QContextMenuEvent asks(
+            QContextMenuEvent::Keyboard, place, club.Field(3)->mapToGlobal(place));
+        QApplication::sendEvent(club.Field(3), &asks);
+        QWidget* menu = QApplication::activePopupWidget();
+        QVERIFY(menu);
+        QTest::keyClick(menu, Qt::Key_Escape);
+        QVERIFY(!QApplication::activePopupWidget());
+        QVERIFY(club.Field(3)->hasFocus());
+        QCOMPARE(club.Field(3)->selectedText(), u"1"_s);
     }
 
     void date_and_text_keep_their_caret()

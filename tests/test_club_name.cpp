@@ -48,6 +48,34 @@ private Q_SLOTS:
         QCOMPARE(box->selectedText(), QString()); // what was typed is treated as everywhere
     }
 
+    void coming_back_to_the_window_selects_the_hint_and_never_what_was_typed()
+    {
+        TestClub club;
+        club.Start({ 2017, 11, 20 });
+        QMainWindow* window = club.program.Window.Window;
+        window->show();
+        QVERIFY(QTest::qWaitForWindowActive(window));
+        auto* box = club.Control<QLineEdit>("Text5");
+        QWidget other;
+        other.show();
+        const auto away_and_back = [&] {
+            other.activateWindow();
+            QVERIFY(QTest::qWaitForWindowActive(&other));
+            QVERIFY(!box->hasFocus());
+            window->activateWindow();
+            QVERIFY(QTest::qWaitForWindowActive(window));
+            QVERIFY(box->hasFocus());
+        };
+        box->setFocus();
+        box->deselect();
+        away_and_back();
+        QCOMPARE(box->selectedText(), box->text());
+        QTest::keyClicks(box, QStringLiteral("KGV"));
+        away_and_back();
+        QTest::keyClicks(box, QStringLiteral(" Neu"));
+        QCOMPARE(box->text(), QStringLiteral("KGV Neu"));
+    }
+
     void an_empty_name_writes_an_empty_line_and_shows_nothing()
     {
         TestClub club;
