@@ -39,7 +39,7 @@ void FillBookingFields(const CashBookForm& form, const BookingFields& booking)
 /// Where the ledger holds a booking after sorting.
 qsizetype RowOfBooking(const Program& program, const QString& line)
 {
-    return CurrentLedger(program.CashBook).lastIndexOf(SortLedgerByDate({ line }).first());
+    return CurrentLedger(program).lastIndexOf(SortLedgerByDate({ line }).first());
 }
 
 QString SemicolonToolTip(int field)
@@ -52,9 +52,20 @@ QString SemicolonToolTip(int field)
 
 } // namespace
 
-bool BankAccountIsShown(const Program& program)
+Account ShownAccount(const Program& program)
 {
-    return program.CashBookTab.Command15->text() == SwitchToCashBox;
+    const bool bank = program.CashBookTab.Command15->text() == SwitchToCashBox;
+    return bank ? Account::Bank : Account::CashBox;
+}
+
+QStringList& CurrentLedger(Program& program)
+{
+    return LedgerOf(program.CashBook, ShownAccount(program));
+}
+
+const QStringList& CurrentLedger(const Program& program)
+{
+    return LedgerOf(program.CashBook, ShownAccount(program));
 }
 
 void ResetCashBook(Program& program)
@@ -105,7 +116,7 @@ void ApplyEntryClicked(Program& program)
     if (!IsComplete(booking))
         return; // nothing happens, and nothing is said
     const QString line = LineOfBooking(booking);
-    ApplyEntry(program.CashBook, line);
+    ApplyEntry(program.CashBook, ShownAccount(program), line);
     ResetEntryFields(program);
     ShowLedger(program);
     ShowLedgerRow(program, RowOfBooking(program, line));
@@ -116,7 +127,7 @@ void DeleteEntryClicked(Program& program)
 {
     if (!IsComplete(ReadBookingFields(program.CashBookTab)))
         return; // as with "OK"
-    DeleteEntry(program.CashBook);
+    DeleteEntry(program.CashBook, ShownAccount(program));
     ResetEntryFields(program);
     ShowLedger(program);
 }
@@ -127,7 +138,7 @@ void PickLedgerRow(Program& program, int row)
     book.LedgerEditMode = true;
     book.SelectedLedgerRow = row + 1;
     FillBookingFields(
-        program.CashBookTab, FieldsOfBooking(CurrentLedger(std::as_const(book)).value(row)));
+        program.CashBookTab, FieldsOfBooking(CurrentLedger(std::as_const(program)).value(row)));
     ShowCashBookMarks(program);
 }
 
@@ -143,7 +154,7 @@ void PickPayee(Program& program, int position)
 
 void PickMember(Program& program, int position)
 {
-    if (!BankAccountIsShown(program))
+    if (ShownAccount(program) != Account::Bank)
         return; // members pay into the bank account
     const PaymentProposal proposal
         = ProposePayment(program.Members.CashBookNameList.value(position),

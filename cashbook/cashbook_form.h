@@ -101,8 +101,12 @@ void FitLedgerColumns(Program& program);
 /// Tints Text10(field) while its text is not of the expected form or holds a ";".
 void ShowEntryState(Program& program, int field);
 
-/// True while the caption of Command15 says that the bank account is shown.
-bool BankAccountIsShown(const Program& program);
+/// The account that the caption of Command15 says is shown. Ask anew after whatever may switch.
+Account ShownAccount(const Program& program);
+
+/// The list of the shown account.
+QStringList& CurrentLedger(Program& program);
+const QStringList& CurrentLedger(const Program& program);
 
 /// Date and text empty, both amounts "0,00".
 void ResetEntryFields(Program& program);

@@ -5,29 +5,29 @@
 
 #include <algorithm>
 
-QStringList& CurrentLedger(CashBookState& book)
+QStringList& LedgerOf(CashBookState& book, Account account)
 {
-    return book.CashBoxIsCurrent ? book.CashBoxLedger : book.BankLedger;
+    return account == Account::Bank ? book.BankLedger : book.CashBoxLedger;
 }
 
-const QStringList& CurrentLedger(const CashBookState& book)
+const QStringList& LedgerOf(const CashBookState& book, Account account)
 {
-    return book.CashBoxIsCurrent ? book.CashBoxLedger : book.BankLedger;
+    return account == Account::Bank ? book.BankLedger : book.CashBoxLedger;
 }
 
-bool& CurrentUnsaved(CashBookState& book)
+bool& UnsavedOf(CashBookState& book, Account account)
 {
-    return book.CashBoxIsCurrent ? book.CashBoxUnsaved : book.BankUnsaved;
+    return account == Account::Bank ? book.BankUnsaved : book.CashBoxUnsaved;
 }
 
-bool& CurrentUnread(CashBookState& book)
+bool& UnreadOf(CashBookState& book, Account account)
 {
-    return book.CashBoxIsCurrent ? book.CashBoxUnread : book.BankUnread;
+    return account == Account::Bank ? book.BankUnread : book.CashBoxUnread;
 }
 
-int LineToReplace(const CashBookState& book)
+int LineToReplace(const CashBookState& book, Account account)
 {
-    const qsizetype count = CurrentLedger(book).size();
+    const qsizetype count = LedgerOf(book, account).size();
     if (!book.LedgerEditMode)
         return -1;
     if (count == 1)
@@ -38,20 +38,20 @@ int LineToReplace(const CashBookState& book)
 
 namespace {
 
-void MarkChanged(CashBookState& book)
+void MarkChanged(CashBookState& book, Account account)
 {
     book.LedgerChanged = true;
-    CurrentUnsaved(book) = true;
+    UnsavedOf(book, account) = true;
 }
 
 QString WithFourFields(const QString& line) { return FirstFourFields(SplitRecord(line)); }
 
 } // namespace
 
-void ApplyEntry(CashBookState& book, const QString& line)
+void ApplyEntry(CashBookState& book, Account account, const QString& line)
 {
-    QStringList& ledger = CurrentLedger(book);
-    const int replaced = LineToReplace(book);
+    QStringList& ledger = LedgerOf(book, account);
+    const int replaced = LineToReplace(book, account);
     if (book.LedgerEditMode && ledger.size() >= 2)
         std::transform(ledger.begin(), ledger.end(), ledger.begin(), WithFourFields);
     if (replaced >= 0)
@@ -60,12 +60,12 @@ void ApplyEntry(CashBookState& book, const QString& line)
         ledger += line;
     book.LedgerEditMode = false;
     book.SelectedLedgerRow = 0;
-    MarkChanged(book);
+    MarkChanged(book, account);
 }
 
-void DeleteEntry(CashBookState& book)
+void DeleteEntry(CashBookState& book, Account account)
 {
-    QStringList& ledger = CurrentLedger(book);
+    QStringList& ledger = LedgerOf(book, account);
     const int position = book.SelectedLedgerRow - 1;
     if (position < 0 || position >= ledger.size()) {
         Place where;
@@ -74,5 +74,5 @@ void DeleteEntry(CashBookState& book)
         throw RuntimeError { ErrorKind::InvalidIndex, where, {} };
     }
     ledger.removeAt(position);
-    MarkChanged(book);
+    MarkChanged(book, account);
 }

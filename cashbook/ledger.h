@@ -5,12 +5,13 @@
 #include <QString>
 #include <QStringList>
 
-/// The two ledgers and what the entry form stands at.
+enum class Account { Bank, CashBox };
+
+/// The two ledgers and what the entry form stands at. Which account is shown is no part of it: the
+/// caption of Command15 says so (ShownAccount in cashbook/cashbook_form.h).
 struct CashBookState {
     QStringList BankLedger; ///< List5: lines as in the file
     QStringList CashBoxLedger; ///< List8
-    bool CashBoxIsCurrent
-        = false; ///< which of the two CurrentLedger refers to; follows the caption of Command15
     QString LedgerFileName; ///< name of the current account's file
     bool LedgerReloadPending = false;
     bool LedgerWithoutHistory = false;
@@ -24,23 +25,24 @@ struct CashBookState {
     bool CashBoxUnread = false;
 };
 
-/// The list of the shown account.
-QStringList& CurrentLedger(CashBookState& book);
-const QStringList& CurrentLedger(const CashBookState& book);
+/// The list of an account.
+QStringList& LedgerOf(CashBookState& book, Account account);
+const QStringList& LedgerOf(const CashBookState& book, Account account);
 
-/// The marks of the shown account.
-bool& CurrentUnsaved(CashBookState& book);
-bool& CurrentUnread(CashBookState& book);
+/// The marks of an account.
+bool& UnsavedOf(CashBookState& book, Account account);
+bool& UnreadOf(CashBookState& book, Account account);
 
-/// Position of the line that the next "OK" replaces, -1 when it appends: none outside edit mode;
-/// the only line of a ledger whatever row was selected; nothing for a position past the end.
-int LineToReplace(const CashBookState& book);
+/// Position of the account's line that the next "OK" replaces, -1 when it appends: none outside
+/// edit mode; the only line of a ledger whatever row was selected; nothing for a position past the
+/// end.
+int LineToReplace(const CashBookState& book, Account account);
 
 /// "OK": the line is appended, or replaces LineToReplace; in edit mode all other lines become their
 /// first four fields. Ends edit mode, selects no row, marks the ledger as changed and unsaved.
-void ApplyEntry(CashBookState& book, const QString& line);
+void ApplyEntry(CashBookState& book, Account account, const QString& line);
 
 /// "Löschen": removes the selected line; edit mode and selection stay as they are, so that the next
 /// "OK" replaces the line that moved up. Throws RuntimeError InvalidIndex, and changes nothing,
-/// when no line is selected.
-void DeleteEntry(CashBookState& book);
+/// when no line is selected or the account has no line there.
+void DeleteEntry(CashBookState& book, Account account);

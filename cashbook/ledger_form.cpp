@@ -13,10 +13,10 @@
 
 namespace {
 
-QString FileOfShownAccount(const Program& program, const QString& year_text)
+QString LedgerFileNameOf(Account account, const QString& year_text)
 {
-    return BankAccountIsShown(program) ? BankLedgerFileName(year_text)
-                                       : CashBoxLedgerFileName(year_text);
+    return account == Account::Bank ? BankLedgerFileName(year_text)
+                                    : CashBoxLedgerFileName(year_text);
 }
 
 void ShowHint(Program& program, const QString& text)
@@ -40,7 +40,7 @@ QStringList OpenYear(Program& program)
 {
     const QString& year = program.Year.YearText;
     const QString previous_year = PreviousYear(year);
-    const QString previous_file = FileOfShownAccount(program, previous_year);
+    const QString previous_file = LedgerFileNameOf(ShownAccount(program), previous_year);
     if (!FileExists(program.Files, previous_file)) {
         ShowHint(program, NoHistoryWarning);
         program.CashBook.LedgerWithoutHistory = true;
@@ -60,26 +60,26 @@ QStringList OpenYear(Program& program)
 template <typename Load> void FillCurrentLedger(Program& program, Load load)
 {
     CashBookState& book = program.CashBook;
-    CurrentUnread(book) = true;
-    CurrentLedger(book) = load();
-    CurrentUnread(book) = false;
-    CurrentUnsaved(book) = false;
+    const Account account = ShownAccount(program);
+    UnreadOf(book, account) = true;
+    LedgerOf(book, account) = load();
+    UnreadOf(book, account) = false;
+    UnsavedOf(book, account) = false;
 }
 
 /// What was typed since the failed load, behind what the file holds.
 void JoinWithFile(Program& program)
 {
-    const QStringList typed = CurrentLedger(program.CashBook);
+    const QStringList typed = CurrentLedger(program);
     LoadLedger(program);
-    CurrentLedger(program.CashBook) += typed;
-    CurrentUnsaved(program.CashBook) = true;
+    CurrentLedger(program) += typed;
+    UnsavedOf(program.CashBook, ShownAccount(program)) = true;
     ShowLedger(program);
 }
 
 void ShowBank(Program& program)
 {
     program.CashBookTab.Command15->setText(SwitchToCashBox);
-    program.CashBook.CashBoxIsCurrent = false;
     ShowAccountTitle(program);
     program.CashBook.LedgerFileName = BankLedgerFileName(program.Year.YearText);
 }
@@ -99,19 +99,17 @@ void LoadCashBox(Program& program)
 void ShowCashBox(Program& program)
 {
     program.CashBookTab.Command15->setText(SwitchToBank);
-    program.CashBook.CashBoxIsCurrent = true;
     ShowAccountTitle(program);
     program.CashBook.LedgerFileName = CashBoxLedgerFileName(program.Year.YearText);
     Step(program, LoadCashBox);
 }
 
-void SaveAccount(Program& program, bool cash_box)
+void SaveAccount(Program& program, Account account)
 {
     CashBookState& book = program.CashBook;
-    const QString& year = program.Year.YearText;
-    const QString name = cash_box ? CashBoxLedgerFileName(year) : BankLedgerFileName(year);
-    WriteLedger(program.Files, name, cash_box ? book.CashBoxLedger : book.BankLedger);
-    (cash_box ? book.CashBoxUnsaved : book.BankUnsaved) = false;
+    WriteLedger(
+        program.Files, LedgerFileNameOf(account, program.Year.YearText), LedgerOf(book, account));
+    UnsavedOf(book, account) = false;
 }
 
 } // namespace
@@ -155,24 +153,25 @@ void LoadLedgerWithoutHistory(Program& program)
 
 void SwitchAccount(Program& program)
 {
-    if (BankAccountIsShown(program))
+    if (ShownAccount(program) == Account::Bank)
         ShowCashBox(program);
     else
         ShowBank(program);
     ResetEntryFields(program);
     program.CashBookTab.Text11->clear();
     ShowLedger(program);
-    if (LineToReplace(program.CashBook) < 0)
+    if (LineToReplace(program.CashBook, ShownAccount(program)) < 0)
         ShowLedgerRow(program, -1);
 }
 
 void SaveLedger(Program& program)
 {
     CashBookState& book = program.CashBook;
-    book.LedgerFileName = FileOfShownAccount(program, program.Year.YearText);
-    if (CurrentUnread(book))
+    const Account account = ShownAccount(program);
+    book.LedgerFileName = LedgerFileNameOf(account, program.Year.YearText);
+    if (UnreadOf(book, account))
         JoinWithFile(program);
-    SaveAccount(program, book.CashBoxIsCurrent);
+    SaveAccount(program, account);
     ShowCashBookMarks(program);
 }
 
@@ -188,13 +187,14 @@ void SaveBothLedgers(Program& program)
         }
     };
     attempt([&] { SaveLedger(program); });
-    const bool other_is_cash_box = !book.CashBoxIsCurrent;
-    const bool unsaved = other_is_cash_box ? book.CashBoxUnsaved : book.BankUnsaved;
-    const bool unread = other_is_cash_box ? book.CashBoxUnread : book.BankUnread;
+    const bool bank_is_shown = ShownAccount(program) == Account::Bank;
+    const Account other = bank_is_shown ? Account::CashBox : Account::Bank;
+    const bool unsaved = UnsavedOf(book, other);
+    const bool unread = UnreadOf(book, other);
     if (unsaved && unread)
         SwitchAccount(program); // its file is read first, which may have something to say
     if (unsaved)
-        attempt([&] { unread ? SaveLedger(program) : SaveAccount(program, other_is_cash_box); });
+        attempt([&] { unread ? SaveLedger(program) : SaveAccount(program, other); });
     ShowCashBookMarks(program);
     if (first_error)
         throw RuntimeError(*first_error);

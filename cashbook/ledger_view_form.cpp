@@ -39,9 +39,10 @@ void LoadPending(Program& program)
         Step(program, LoadLedger);
 }
 
-void SortCurrentLedger(CashBookState& book)
+void SortCurrentLedger(Program& program)
 {
-    CurrentLedger(book) = SortLedgerByDate(CurrentLedger(book));
+    QStringList& ledger = CurrentLedger(program);
+    ledger = SortLedgerByDate(ledger);
 }
 
 void ShowBalance(const Program& program, float balance)
@@ -72,8 +73,7 @@ void MarkPaid(QListWidgetItem* name, bool paid)
 void ShowPaidMarks(Program& program)
 {
     QListWidget* list = program.CashBookTab.List4;
-    const QVector<bool> marks
-        = PaidMarks(program.Members.CashBookNameList, CurrentLedger(program.CashBook));
+    const QVector<bool> marks = PaidMarks(program.Members.CashBookNameList, CurrentLedger(program));
     const QSignalBlocker silent(list);
     for (qsizetype i = 0; i < marks.size() && i < list->count(); ++i)
         MarkPaid(list->item(static_cast<int>(i)), marks[i]);
@@ -114,7 +114,7 @@ QString UnsavedText(const CashBookState& book)
 void ShowUnsavedMark(Program& program)
 {
     QLabel* mark = program.CashBookTab.UnsavedMark;
-    const bool unread = CurrentUnread(program.CashBook);
+    const bool unread = UnreadOf(program.CashBook, ShownAccount(program));
     mark->setText(unread ? QStringLiteral("Datei nicht gelesen") : UnsavedText(program.CashBook));
     mark->setAutoFillBackground(!mark->text().isEmpty());
     if (unread)
@@ -164,7 +164,7 @@ void ShowAccountTitle(Program& program)
         + program.SettingsTab.Text6[0]->text();
     const QString cash_box = CashBoxTitleBegin + QLatin1Char(' ') + program.ClubName;
     QLabel* title = program.CashBookTab.Label21;
-    title->setText(BankAccountIsShown(program) ? bank : cash_box);
+    title->setText(ShownAccount(program) == Account::Bank ? bank : cash_box);
     title->setToolTip(title->text().toHtmlEscaped());
 }
 
@@ -175,8 +175,8 @@ void ShowLedger(Program& program)
     if (reloads)
         LoadPending(program);
     else
-        SortCurrentLedger(program.CashBook);
-    const LedgerRows rows = MakeLedgerRows(CurrentLedger(program.CashBook));
+        SortCurrentLedger(program);
+    const LedgerRows rows = MakeLedgerRows(CurrentLedger(program));
     const int scrolled = form.ListView1->verticalScrollBar()->value();
     form.Ledger->SetRows(rows);
     form.ListView1->verticalScrollBar()->setValue(scrolled);
@@ -190,7 +190,7 @@ void ShowLedger(Program& program)
 
 void ShowCashBookMarks(Program& program)
 {
-    const int row = LineToReplace(program.CashBook);
+    const int row = LineToReplace(program.CashBook, ShownAccount(program));
     SelectMarkedRow(program, row);
     ShowReplaceMark(program, row);
     ShowUnsavedMark(program);

@@ -173,7 +173,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     while (!actions.isEmpty()) {
         const QString action = DecodeAnsi(CutFront(actions, '\n'));
         if (action.startsWith(u'+')) {
-            ApplyEntry(book, action.mid(1));
+            ApplyEntry(book, Account::Bank, action.mid(1));
             NaiveApply(naive, action.mid(1));
         } else if (action.startsWith(u'e')) {
             book.LedgerEditMode = naive.edit = true;
@@ -181,7 +181,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         } else if (action.startsWith(u'd')) {
             const bool there = naive.row >= 1 && naive.row <= naive.lines.size();
             try {
-                DeleteEntry(book);
+                DeleteEntry(book, Account::Bank);
                 Require(there, "only what is there is removed", action);
                 naive.lines.removeAt(naive.row - 1);
             } catch (const RuntimeError& error) {

@@ -241,14 +241,17 @@ void CheckPromises(Monkey& monkey)
             "the members file parses back to the record list");
     }
     const CashBookState& book = program.CashBook;
-    const QStringList& shown = book.CashBoxIsCurrent ? book.CashBoxLedger : book.BankLedger;
+    const QString caption = program.CashBookTab.Command15->text();
+    const bool bank = caption == QStringLiteral("Kasse Kassenwart");
+    const QStringList& shown = bank ? book.BankLedger : book.CashBoxLedger;
     Check(monkey, program.CashBookTab.ListView1->model()->rowCount() == shown.size(),
         "one row for every booking");
     Check(monkey, program.CashBookTab.BalanceLabel->text() == BalanceOf(shown),
         "the balance is the sum of the lines");
     Check(monkey,
-        book.CashBoxIsCurrent
-            == (program.CashBookTab.Command15->text() == QStringLiteral("Konto Sparkasse")),
+        (bank || caption == QStringLiteral("Konto Sparkasse"))
+            && book.LedgerFileName.contains(
+                bank ? QStringLiteral("Konto") : QStringLiteral("HandKasse")),
         "the caption of the account button is the state");
     Check(monkey, program.Errors.Depth == 0 && !program.Errors.Showing, "no handler is left open");
     const QStringList strangers = QDir(program.Files.DataDirectory)

@@ -23,14 +23,15 @@ CashBookState Book(const QStringList& bank, bool edit_mode = false, int selected
     return book;
 }
 
-bool DeleteFails(CashBookState& book)
+/// What the error of "Löschen" says; nothing when there is none.
+QString DeleteError(CashBookState& book)
 {
     try {
-        DeleteEntry(book);
+        DeleteEntry(book, Account::Bank);
     } catch (const RuntimeError& error) {
-        return error.kind == ErrorKind::InvalidIndex && !error.where.remedy.isEmpty();
+        return error.kind == ErrorKind::InvalidIndex ? error.where.remedy : u"another error"_s;
     }
-    return false;
+    return {};
 }
 
 } // namespace
@@ -42,7 +43,7 @@ private Q_SLOTS:
     void ok_appends_outside_edit_mode()
     {
         CashBookState book = Book({ a, b }, false, 1);
-        ApplyEntry(book, typed);
+        ApplyEntry(book, Account::Bank, typed);
         QCOMPARE(book.BankLedger, QStringList({ a, b, typed }));
     }
 
@@ -70,8 +71,8 @@ private Q_SLOTS:
         QFETCH(const int, replaces);
         QFETCH(const QStringList, after);
         CashBookState book = Book(before, true, selected);
-        QCOMPARE(LineToReplace(book), replaces);
-        ApplyEntry(book, typed);
+        QCOMPARE(LineToReplace(book, Account::Bank), replaces);
+        ApplyEntry(book, Account::Bank, typed);
         QCOMPARE(book.BankLedger, after);
         QVERIFY(!book.LedgerEditMode);
         QCOMPARE(book.SelectedLedgerRow, 0);
@@ -80,36 +81,35 @@ private Q_SLOTS:
     void replacing_cuts_all_other_lines_to_four_fields()
     {
         CashBookState book = Book({ a + u";9,99"_s, b, u"03.01.2016;c"_s }, true, 2);
-        ApplyEntry(book, typed);
+        ApplyEntry(book, Account::Bank, typed);
         QCOMPARE(book.BankLedger, QStringList({ a, typed, u"03.01.2016;c;;"_s }));
     }
 
     void appending_leaves_the_other_lines_alone()
     {
         CashBookState book = Book({ a + u";9,99"_s });
-        ApplyEntry(book, typed);
+        ApplyEntry(book, Account::Bank, typed);
         QCOMPARE(book.BankLedger, QStringList({ a + u";9,99"_s, typed }));
     }
 
     void what_was_typed_is_taken_as_it_is()
     {
         CashBookState book = Book({ a }, true, 1);
-        ApplyEntry(book, u"x;y;z;1;2"_s);
+        ApplyEntry(book, Account::Bank, u"x;y;z;1;2"_s);
         QCOMPARE(book.BankLedger, QStringList { u"x;y;z;1;2"_s });
     }
 
     void ok_and_delete_mark_the_shown_account_alone()
     {
         CashBookState book = Book({ a });
-        ApplyEntry(book, typed);
+        ApplyEntry(book, Account::Bank, typed);
         QVERIFY(book.LedgerChanged && book.BankUnsaved && !book.CashBoxUnsaved);
 
         CashBookState cash;
-        cash.CashBoxIsCurrent = true;
         cash.BankLedger = { a };
         cash.CashBoxLedger = { b };
         cash.SelectedLedgerRow = 1;
-        DeleteEntry(cash);
+        DeleteEntry(cash, Account::CashBox);
         QVERIFY(cash.LedgerChanged && cash.CashBoxUnsaved && !cash.BankUnsaved);
         QCOMPARE(cash.BankLedger, QStringList { a });
         QVERIFY(cash.CashBoxLedger.isEmpty());
@@ -118,24 +118,27 @@ private Q_SLOTS:
     void delete_keeps_edit_mode_so_that_ok_replaces_the_line_that_moved_up()
     {
         CashBookState book = Book({ a, b, c, u"04.01.2016;d;0,00;1,00"_s }, true, 3);
-        DeleteEntry(book);
+        DeleteEntry(book, Account::Bank);
         QVERIFY(book.LedgerEditMode);
         QCOMPARE(book.SelectedLedgerRow, 3);
-        ApplyEntry(book, typed);
+        ApplyEntry(book, Account::Bank, typed);
         QCOMPARE(book.BankLedger, QStringList({ a, b, typed }));
     }
 
     void delete_without_a_row_is_an_error_and_changes_nothing_data()
     {
         QTest::addColumn<int>("selected");
-        QTest::newRow("none") << 0;
-        QTest::newRow("past the end") << 3;
+        QTest::addColumn<QString>("says");
+        QTest::newRow("none") << 0 << u"Es ist keine Buchung ausgewählt. "_s;
+        QTest::newRow("past the end") << 3 << u"Es ist keine Buchung ausgewählt. "_s;
     }
     void delete_without_a_row_is_an_error_and_changes_nothing()
     {
         QFETCH(const int, selected);
+        QFETCH(const QString, says);
         CashBookState book = Book({ a, b }, false, selected);
-        QVERIFY(DeleteFails(book));
+        const QString error = DeleteError(book);
+        QVERIFY2(error.startsWith(says), qPrintable(error));
         QCOMPARE(book.BankLedger, QStringList({ a, b }));
         QVERIFY(!book.LedgerChanged && !book.BankUnsaved);
         QCOMPARE(book.SelectedLedgerRow, selected);
@@ -144,10 +147,10 @@ private Q_SLOTS:
     void bookings_beyond_the_sixteen_bit_positions_can_be_replaced_and_deleted()
     {
         CashBookState book = Book(QStringList(100'000, a), true, 99'999);
-        ApplyEntry(book, typed);
+        ApplyEntry(book, Account::Bank, typed);
         QCOMPARE(book.BankLedger.indexOf(typed), 99'998);
         book.SelectedLedgerRow = 99'999;
-        DeleteEntry(book);
+        DeleteEntry(book, Account::Bank);
         QVERIFY(!book.BankLedger.contains(typed));
         QCOMPARE(book.BankLedger.size(), 99'999);
     }

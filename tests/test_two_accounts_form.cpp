@@ -88,6 +88,25 @@ private Q_SLOTS:
         QVERIFY(club.Boxes.isEmpty());
     }
 
+    void the_caption_alone_says_which_account_is_current()
+    {
+        CashBookClub club(bank_line, cash_line);
+        club.program.CashBookTab.Command15->setText(u"Konto Sparkasse"_s);
+        ShowLedger(club.program);
+        QCOMPARE(club.Texts(), QStringList { u"Kasse"_s });
+        club.ClickRow(0);
+        QCOMPARE(club.Field(1)->text(), u"Kasse"_s);
+        BookPorto(club);
+        QCOMPARE(club.Book().CashBoxLedger, QStringList { u"02.02.2016;Porto;0,00;1,00"_s });
+        QCOMPARE(Mark(club), u"Handkasse nicht gespeichert"_s);
+        club.Click("CommandSaveLedger");
+        QCOMPARE(club.File(CashBookClub::cash_box), u"02.02.2016;Porto;0,00;1,00\r\n"_s);
+        QCOMPARE(club.File(CashBookClub::bank), bank_line);
+        club.program.CashBookTab.Command15->setText(u"Kasse Kassenwart"_s);
+        club.ClickRow(0);
+        QCOMPARE(club.Field(1)->text(), u"Anfang"_s);
+    }
+
     void switching_empties_all_fields()
     {
         const CashBookClub club(bank_line, cash_line);

@@ -150,7 +150,7 @@ void Book(const DataFiles& files, const QString& name)
     CashBookState book;
     book.BankLedger = FileExists(files, name) ? ReadLedger(files, name) : QStringList();
     if (!book.BankLedger.contains(booking))
-        ApplyEntry(book, booking);
+        ApplyEntry(book, Account::Bank, booking);
     WriteLedger(files, name, SortLedgerByDate(book.BankLedger));
 }
 
@@ -163,7 +163,7 @@ void DeleteBookings(const DataFiles& files)
     book.BankLedger = ReadLedger(files, bank_ledger);
     while (book.BankLedger.size() > 100) {
         book.SelectedLedgerRow = 1;
-        DeleteEntry(book);
+        DeleteEntry(book, Account::Bank);
     }
     WriteLedger(files, bank_ledger, book.BankLedger);
 }
