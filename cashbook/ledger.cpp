@@ -46,6 +46,13 @@ void MarkChanged(CashBookState& book, Account account)
 
 QString WithFourFields(const QString& line) { return FirstFourFields(SplitRecord(line)); }
 
+RuntimeError NothingToDelete(const QString& remedy)
+{
+    Place where;
+    where.remedy = remedy;
+    return { ErrorKind::InvalidIndex, where, {} };
+}
+
 } // namespace
 
 void ApplyEntry(CashBookState& book, Account account, const QString& line)
@@ -67,12 +74,16 @@ void DeleteEntry(CashBookState& book, Account account)
 {
     QStringList& ledger = LedgerOf(book, account);
     const int position = book.SelectedLedgerRow - 1;
-    if (position < 0 || position >= ledger.size()) {
-        Place where;
-        where.remedy = QStringLiteral("Es ist keine Buchung ausgewählt. Bitte zuerst in der Liste "
-                                      "die Zeile anklicken, die gelöscht werden soll.");
-        throw RuntimeError { ErrorKind::InvalidIndex, where, {} };
-    }
+    if (position < 0)
+        throw NothingToDelete(
+            QStringLiteral("Es ist keine Buchung ausgewählt. Bitte zuerst in der Liste die Zeile "
+                           "anklicken, die gelöscht werden soll."));
+    if (position >= ledger.size())
+        throw NothingToDelete(
+            QStringLiteral("Zuletzt war die Zeile %1 ausgewählt, und so viele Zeilen hat dieses "
+                           "Konto nicht. Bitte zuerst in der Liste die Zeile anklicken, die "
+                           "gelöscht werden soll, auch wenn sie schon markiert ist.")
+                .arg(book.SelectedLedgerRow));
     ledger.removeAt(position);
     MarkChanged(book, account);
 }

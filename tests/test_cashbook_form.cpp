@@ -176,6 +176,23 @@ private Q_SLOTS:
         QVERIFY(!club.Book().LedgerChanged);
     }
 
+    void delete_again_past_the_end_says_so_until_the_marked_row_is_clicked()
+    {
+        CashBookClub club(u"01.02.2016;Anfang;100,00;0,00\r\n02.02.2016;Porto;0,00;7,80\r\n"_s);
+        club.ClickRow(1);
+        club.Click("Command12(1)");
+        QCOMPARE(club.MarkedRow(), 0); // what "OK" would replace
+        club.TypeBooking(u"05.02.2016"_s, u"Neu"_s, u"1,00"_s, u"0,00"_s);
+        club.Click("Command12(1)");
+        QCOMPARE(club.Texts(), QStringList { u"Anfang"_s });
+        QCOMPARE(club.Boxes.size(), 1);
+        QVERIFY2(club.Boxes[0].detail.contains(u"Zeile 2"_s), qPrintable(club.Boxes[0].detail));
+        QVERIFY(!club.Boxes[0].detail.contains(u"keine Buchung ausgewählt"_s));
+        club.ClickRow(0); // marked already
+        club.Click("Command12(1)");
+        QVERIFY(club.Texts().isEmpty());
+    }
+
     void the_carry_over_line_can_be_picked()
     {
         const CashBookClub club(u"05.01.2016;Übertrag Saldo 2015;-12,50;0,00\r\n"_s);

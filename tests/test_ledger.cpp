@@ -130,7 +130,7 @@ private Q_SLOTS:
         QTest::addColumn<int>("selected");
         QTest::addColumn<QString>("says");
         QTest::newRow("none") << 0 << u"Es ist keine Buchung ausgewählt. "_s;
-        QTest::newRow("past the end") << 3 << u"Es ist keine Buchung ausgewählt. "_s;
+        QTest::newRow("past the end") << 3 << u"Zuletzt war die Zeile 3 ausgewählt, "_s;
     }
     void delete_without_a_row_is_an_error_and_changes_nothing()
     {
