@@ -38,12 +38,35 @@ private Q_SLOTS:
         QStringList captions;
         for (const auto* label : tab->findChildren<QLabel*>())
             captions += label->text();
-        for (const QString& caption : { u"Datum"_s, u"Vorgang"_s, u"Einzahlen"_s, u"Abheben"_s,
-                 u"Raten Vereinbarung"_s, u"aktueller Kontostand"_s })
+        for (const QString& caption :
+            { u"Datum"_s, u"Vorgang"_s, u"Einzahlen"_s, u"Abheben"_s, u"Raten Vereinbarung"_s,
+                u"aktueller Kontostand"_s, u"Namen"_s, u"sich wiederholende Vorgänge"_s })
             QCOMPARE(captions.count(caption), 1);
         QCOMPARE(club.Control<QPushButton>("Command12(0)")->text(), u"OK"_s);
         QCOMPARE(club.Control<QPushButton>("Command12(1)")->text(), u"Löschen"_s);
         QCOMPARE(club.Control<QPushButton>("CommandSaveLedger")->text(), u"Speichern"_s);
+    }
+
+    void the_lists_have_their_captions_above_them_data()
+    {
+        QTest::addColumn<QByteArray>("list");
+        QTest::addColumn<QString>("caption");
+        QTest::newRow("names") << QByteArray("List4") << u"Namen"_s;
+        QTest::newRow("payees") << QByteArray("List9") << u"sich wiederholende Vorgänge"_s;
+    }
+    void the_lists_have_their_captions_above_them()
+    {
+        QFETCH(const QByteArray, list);
+        QFETCH(const QString, caption);
+        const CashBookClub club(four_lines);
+        const auto* below = club.Control<QListWidget>(list.constData());
+        const auto labels = below->parentWidget()->findChildren<QLabel*>();
+        const auto label = std::find_if(labels.cbegin(), labels.cend(),
+            [&](const QLabel* candidate) { return candidate->text() == caption; });
+        QVERIFY(label != labels.cend());
+        QCOMPARE((*label)->geometry().left(), below->geometry().left());
+        QVERIFY((*label)->geometry().bottom() < below->geometry().top());
+        QCOMPARE(below->accessibleName(), caption);
     }
 
     void the_form_starts_empty_with_today_in_the_calendar()

@@ -254,6 +254,23 @@ private Q_SLOTS:
         QVERIFY(club.Boxes.isEmpty());
     }
 
+    void without_members_the_start_itself_reads_both_ledgers()
+    {
+        CashBookClub club(bank_line, cash_line, false);
+        QVERIFY(QFile::remove(club.Path(u"Mitgliedsdaten2016.pz"_s)));
+        club.Start(QDate(2016, 3, 3)); // "Laden" ends at its message: there are no data
+        QCOMPARE(club.Boxes.size(), 1);
+        QCOMPARE(club.Boxes[0].title, u"Datenfehler"_s);
+        QCOMPARE(club.Texts(), QStringList { u"Anfang"_s });
+        QCOMPARE(club.Balance(), u"100,00 €"_s);
+        QCOMPARE(club.Book().CashBoxLedger, QStringList { cash_line.chopped(2) });
+        club.Show();
+        club.Click("Command15");
+        QCOMPARE(club.Texts(), QStringList { u"Kasse"_s });
+        QCOMPARE(club.Balance(), u"50,00 €"_s);
+        QCOMPARE(club.Boxes.size(), 1);
+    }
+
     // a year without a file
 
     void a_new_year_begins_with_the_carried_balance()
@@ -269,6 +286,22 @@ private Q_SLOTS:
         QCOMPARE(BalanceColour(club), QColor(255, 0, 0));
         QCOMPARE(Mark(club), u""_s);
         QVERIFY(!club.Book().LedgerChanged);
+    }
+
+    void the_notice_comes_first_then_the_file_then_what_was_not_counted()
+    {
+        CashBookClub club({}, {}, false);
+        club.Write(u"Konto2015.pz"_s, "01.01.2015;a;5,00;abc\r\n");
+        QStringList steps;
+        club.program.Ask = [&](const MessageBox& box) {
+            steps += box.text + u"|"_s + club.File(CashBookClub::bank);
+            return BoxAnswer::Ok;
+        };
+        club.Start(QDate(2016, 3, 5));
+        QCOMPARE(steps,
+            QStringList({ NewYear(u"2016"_s).section(u'|', 1) + u"|(none)"_s,
+                u"Laufzeitfehler 13: Typen unverträglich|"
+                "05.03.2016;Übertrag Saldo 2015;5,00;0,00\r\n"_s }));
     }
 
     void entries_before_the_carry_over_show_balances_without_it()
