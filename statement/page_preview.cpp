@@ -102,6 +102,13 @@ PreviewDesk::PreviewDesk(QWidget* parent)
     setAttribute(Qt::WA_OpaquePaintEvent);
 }
 
+void PreviewDesk::wheelEvent(QWheelEvent* event)
+{
+    // Called, not sent: what the viewport does not want would come back to the desk.
+    if (Viewport != nullptr)
+        Viewport->wheelEvent(event);
+}
+
 void PreviewDesk::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);

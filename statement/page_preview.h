@@ -28,8 +28,9 @@ class PageViewport : public QWidget {
 public:
     PageViewport(QWidget* parent, QScrollBar* scroll_bar);
 
+    void wheelEvent(QWheelEvent* event) override; ///< public for the desk around it
+
 protected:
-    void wheelEvent(QWheelEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
@@ -37,13 +38,16 @@ private:
     double m_wheel_rest = 0.0; ///< steps of a fine wheel that did not make a whole one yet
 };
 
-/// The grey desk with the edge and the shadow of the page that lies on it.
+/// The grey desk with the edge and the shadow of the page that lies on it. The wheel turns the page
+/// beside it too.
 class PreviewDesk : public QWidget {
 public:
     explicit PreviewDesk(QWidget* parent);
 
     const QWidget* Page = nullptr; ///< the page surface, a grandchild of the desk
+    PageViewport* Viewport = nullptr; ///< gets the desk's wheel
 
 protected:
+    void wheelEvent(QWheelEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 };

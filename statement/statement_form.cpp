@@ -139,7 +139,8 @@ QWidget* BuildPreview(Program& program, QWidget* tab)
     form.Desk = desk;
     form.VScroll1 = Named(new QScrollBar(Qt::Vertical, tab), u"VScroll1"_s);
     form.VScroll1->setAccessibleName(u"Seite verschieben"_s);
-    form.P1 = Named(new PageViewport(desk, form.VScroll1), u"P1"_s);
+    auto* viewport = Named(new PageViewport(desk, form.VScroll1), u"P1"_s);
+    form.P1 = viewport;
     form.P1->setAccessibleName(u"Seitenvorschau"_s);
     form.P1->setMinimumHeight(200);
     form.P2 = Named(new PageSurface(form.P1,
