@@ -68,14 +68,19 @@ private Q_SLOTS:
     void last_years_consumption_is_deducted_whatever_the_flag_data();
     void last_years_consumption_is_deducted_whatever_the_flag();
     void last_years_consumption_is_not_rounded_before_it_is_multiplied();
+    void last_years_consumption_keeps_all_its_decimals();
     void a_negative_deduction_is_a_plain_amount();
     void next_years_prepayment_follows_its_flag();
+    void next_years_prepayment_is_rounded_from_the_unrounded_cost_data();
+    void next_years_prepayment_is_rounded_from_the_unrounded_cost();
+    void products_are_double_precision();
     void the_surname_loses_one_trailing_two_data();
     void the_surname_loses_one_trailing_two();
     void empty_money_counts_as_zero();
     void plot_charges_show_the_size_as_typed();
     void premiums_are_rounded_and_summed();
     void the_flat_charge_is_rounded_to_two_decimals();
+    void the_membership_fee_is_rounded_to_two_decimals();
     void a_fee_alone_gives_the_total_and_its_text();
     void the_running_total_is_single_and_starts_at_zero_for_each_member();
     void readings_are_single_precision();
@@ -246,6 +251,16 @@ void TestBillAmounts::last_years_consumption_is_not_rounded_before_it_is_multipl
     QCOMPARE(drawn.texts[u"row_7_amount"_s], u"-4,00"_s);
 }
 
+void TestBillAmounts::last_years_consumption_keeps_all_its_decimals()
+{
+    BillSource source = OneMember(Record(readings), Record(u"0;2,25;0;2,25"_s));
+    source.Prices.PreviousElectricityPrice = u"1,56"_s; // 2,25 make 3,51; 2,2 would make 3,43
+    source.Prices.PreviousWaterPrice = u"1,56"_s;
+    const Drawn drawn = Draw(source);
+    QCOMPARE(drawn.texts[u"row_2_amount"_s], u"-4,00"_s);
+    QCOMPARE(drawn.texts[u"row_7_amount"_s], u"-4,00"_s);
+}
+
 void TestBillAmounts::a_negative_deduction_is_a_plain_amount()
 {
     const Drawn drawn = DrawRecord(Record(readings), Record(u"340;100;30;10"_s));
@@ -269,6 +284,51 @@ void TestBillAmounts::next_years_prepayment_follows_its_flag()
     QCOMPARE(drawn.texts[u"row_8_amount"_s], u"24,00"_s);
     source.Prices.ElectricityPrepayment = -1;
     QCOMPARE(Draw(source).texts[u"row_3_amount"_s], u"0,00"_s);
+}
+
+void TestBillAmounts::next_years_prepayment_is_rounded_from_the_unrounded_cost_data()
+{
+    QTest::addColumn<QString>("price");
+    QTest::addColumn<QString>("amount");
+    QTest::addColumn<QString>("prepayment");
+    // 250 units; the amount's half cent more or less would round to the even neighbour.
+    QTest::newRow("62,504") << u"0,250016"_s << u"62,50"_s << u"63,00"_s;
+    QTest::newRow("61,496") << u"0,245984"_s << u"61,50"_s << u"61,00"_s;
+    QTest::newRow("62,5") << u"0,25"_s << u"62,50"_s << u"62,00"_s;
+    QTest::newRow("63,5") << u"0,254"_s << u"63,50"_s << u"64,00"_s;
+}
+
+void TestBillAmounts::next_years_prepayment_is_rounded_from_the_unrounded_cost()
+{
+    QFETCH(QString, price);
+    QFETCH(QString, amount);
+    QFETCH(QString, prepayment);
+    BillSource source = OneMember(Record(u"1200;1450;0;250"_s));
+    source.Prices.ElectricityPrice = price;
+    source.Prices.WaterPrice = price;
+    source.Prices.ElectricityPrepayment = 1;
+    source.Prices.WaterPrepayment = 1;
+    const Drawn drawn = Draw(source);
+    QCOMPARE(drawn.texts[u"row_1_amount"_s], amount);
+    QCOMPARE(drawn.texts[u"row_6_amount"_s], amount);
+    QCOMPARE(drawn.texts[u"row_3_amount"_s], prepayment);
+    QCOMPARE(drawn.texts[u"row_8_amount"_s], prepayment);
+}
+
+void TestBillAmounts::products_are_double_precision()
+{
+    // From 131072 on singles lie further apart than a cent: 137001,37 would become 137001,38.
+    BillSource source = OneMember(Record(u"0;100001;0;100001"_s, u"100001"_s));
+    source.Prices.ElectricityPrice = u"1,37"_s;
+    source.Prices.WaterPrice = u"1,37"_s;
+    source.Prices.Lease = u"1,37"_s;
+    source.Prices.PropertyTax = u"1,37"_s;
+    source.Prices.AreaContribution = u"1,37"_s;
+    const Drawn drawn = Draw(source);
+    for (const char* element : { "row_1_amount", "row_6_amount", "row_9_subtotal",
+             "row_11_subtotal", "row_12_subtotal", "row_13_subtotal" })
+        QCOMPARE(drawn.texts[QLatin1String(element)], u"137001,37"_s);
+    QCOMPARE(drawn.texts[u"row_5_subtotal"_s], u"137011,37"_s);
 }
 
 void TestBillAmounts::the_surname_loses_one_trailing_two_data()
@@ -334,6 +394,17 @@ void TestBillAmounts::the_flat_charge_is_rounded_to_two_decimals()
     const Drawn drawn = Draw(source);
     QCOMPARE(drawn.texts[u"row_4_amount"_s], u"10,00"_s);
     QCOMPARE(drawn.texts[u"row_18_total"_s], u"46,00  €"_s);
+}
+
+void TestBillAmounts::the_membership_fee_is_rounded_to_two_decimals()
+{
+    BillSource source = OneMember(Record(no_readings, {}));
+    source.Prices = {};
+    source.Prices.MembershipFee = u"36,025"_s; // half to even; the format alone would say 36,03
+    const Drawn drawn = Draw(source);
+    QCOMPARE(drawn.texts[u"row_10_subtotal"_s], u"36,02"_s);
+    QCOMPARE(drawn.texts[u"row_18_total"_s], u"36,02  €"_s);
+    QCOMPARE(drawn.statement.StatementTotals, QStringList(u"36,02"_s));
 }
 
 void TestBillAmounts::a_fee_alone_gives_the_total_and_its_text()

@@ -7,6 +7,7 @@
 #include <QTest>
 
 #include <optional>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -20,22 +21,27 @@ struct Recorder {
     QStringList calls;
     double width = 200.0;
     double height = 280.0;
+    double along = himetric_per_millimetre; ///< a unit along the sheet may differ from one across
 
     PrintDevice Device()
     {
         PrintDevice device;
-        const auto convert = [](double length, int from, int to) {
-            const double himetric
-                = from == HimetricMode ? length : length * himetric_per_millimetre;
-            return to == HimetricMode ? himetric : himetric / himetric_per_millimetre;
+        const auto convert = [](double unit) {
+            return [unit](double length, int from, int to) {
+                const double himetric = from == HimetricMode ? length : length * unit;
+                return to == HimetricMode ? himetric : himetric / unit;
+            };
         };
-        device.SetOrientation
-            = [this](int orientation) { calls += u"orientation %1"_s.arg(orientation); };
+        device.SetOrientation = [this](int orientation) {
+            calls += u"orientation %1"_s.arg(orientation);
+            if (orientation == 2)
+                std::swap(width, height); // the sheet lies on its side from now on
+        };
         device.ScaleWidth = [this] { return width; };
         device.ScaleHeight = [this] { return height; };
         device.ScaleMode = [] { return millimetre_mode; };
-        device.ScaleX = convert;
-        device.ScaleY = convert;
+        device.ScaleX = convert(himetric_per_millimetre);
+        device.ScaleY = convert(along);
         device.PaintPicture = [this](qsizetype index, double left, double top, double w, double h) {
             calls += u"paint %1 at %2,%3 size %4x%5"_s.arg(index).arg(left).arg(top).arg(w).arg(h);
         };
@@ -73,6 +79,9 @@ private Q_SLOTS:
     void the_picture_decides_the_orientation();
     void the_picture_fills_the_printable_area_in_its_own_shape_data();
     void the_picture_fills_the_printable_area_in_its_own_shape();
+    void the_sheet_is_measured_after_it_was_turned();
+    void lengths_across_and_along_have_their_own_unit_data();
+    void lengths_across_and_along_have_their_own_unit();
     void a_single_picture_is_printed_and_the_document_ended();
     void a_missing_or_empty_picture_prints_nothing_data();
     void a_missing_or_empty_picture_prints_nothing();
@@ -120,7 +129,7 @@ void TestPrinting::the_picture_fills_the_printable_area_in_its_own_shape_data()
     QTest::addColumn<double>("factor");
     QTest::addColumn<QString>("size");
     QTest::newRow("higher than the sheet") << 1000.0 << 2000.0 << 1.0 << u"140x280"_s;
-    QTest::newRow("wider than the sheet") << 3000.0 << 1000.0 << 1.0 << u"200x66"_s;
+    QTest::newRow("wider than the sheet") << 3000.0 << 1000.0 << 1.0 << u"280x93"_s;
     QTest::newRow("shape of the sheet") << 2000.0 << 2800.0 << 1.0 << u"200x280"_s;
     QTest::newRow("shrunk") << 2000.0 << 2800.0 << 0.5 << u"100x140"_s;
     QTest::newRow("never enlarged") << 2000.0 << 2800.0 << 3.0 << u"200x280"_s;
@@ -137,6 +146,35 @@ void TestPrinting::the_picture_fills_the_printable_area_in_its_own_shape()
     job.picture = PictureSize { picture_width, picture_height };
     job.scale_factor = factor;
     QCOMPARE(Print(job).at(1), u"paint 0 at 0,0 size "_s + size);
+}
+
+void TestPrinting::the_sheet_is_measured_after_it_was_turned()
+{
+    PrintJob job = Pages(1, 0, 0);
+    job.picture = PictureSize { 3000.0, 2000.0 };
+    QCOMPARE(Print(job),
+        (QStringList { u"orientation 2"_s, u"paint 0 at 0,0 size 280x186"_s, u"end"_s }));
+}
+
+void TestPrinting::lengths_across_and_along_have_their_own_unit_data()
+{
+    QTest::addColumn<double>("picture_height");
+    QTest::addColumn<QString>("size");
+    // The sheet is 20000 wide and 14000 high in hundredths of a millimetre.
+    QTest::newRow("as high as the sheet") << 20001.0 << u"139x280"_s;
+    QTest::newRow("as wide as the sheet, on its side") << 1000.0 << u"280x28"_s;
+}
+
+void TestPrinting::lengths_across_and_along_have_their_own_unit()
+{
+    QFETCH(double, picture_height);
+    QFETCH(QString, size);
+    Recorder recorder;
+    recorder.along = 50.0;
+    PrintJob job = Pages(1, 0, 0);
+    job.picture = PictureSize { 20000.0, picture_height };
+    PrintPictureToPage(recorder.Device(), job);
+    QCOMPARE(recorder.calls.at(1), u"paint 0 at 0,0 size "_s + size);
 }
 
 void TestPrinting::a_single_picture_is_printed_and_the_document_ended()
