@@ -150,6 +150,7 @@ QWidget* BuildPreview(Program& program, QWidget* tab)
                         }),
         u"P2"_s, 0);
     desk->Page = form.P2;
+    desk->Viewport = viewport;
 
     auto* row = new QHBoxLayout(desk);
     row->setContentsMargins(desk_margin, 0, desk_margin, 0);
@@ -348,7 +349,7 @@ void PrintStatements(Program& program) // Command6
 {
     const StatementForm& form = program.Preview;
     QPrinter printer(QPrinter::HighResolution);
-    printer.setDocName(u"Abrechnung Kleingarten "_s + program.Year.YearText);
+    printer.setDocName(TitleOfPages(program.Statement));
     printer.setCreator(u"Kleingarten Parzello"_s);
     printer.setDuplex(QPrinter::DuplexNone); // one sheet per bill, unless the dialog says otherwise
     if (!form.ShowPrintDialog(printer))
@@ -358,9 +359,6 @@ void PrintStatements(Program& program) // Command6
     if (!range)
         return; // nothing is printed, and nothing is said
     SetUpPrinter(printer);
-    try {
-        PrintStatementPages(printer, program.Statement, *range, form.P1->window());
-    } catch (const RuntimeError&) {
-        // A print run that fails ends without a word.
-    }
+    PrintStatementPages(
+        printer, program.Statement, JobFor(program.Statement, *range), form.P1->window());
 }

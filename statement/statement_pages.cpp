@@ -27,3 +27,13 @@ PageContents ContentsOfPage(const StatementState& statement, qsizetype index)
         contents.member = &statement.MemberContents[static_cast<std::size_t>(index)];
     return contents;
 }
+
+QString TitleOfPages(const StatementState& statement)
+{
+    for (const PageItem& item : statement.FixedContents) {
+        const auto* text = std::get_if<PageText>(&item);
+        if (text != nullptr && text->element == QLatin1String("title"))
+            return text->text;
+    }
+    return {};
+}

@@ -17,3 +17,7 @@ struct PageContents {
     const PageItems* member = nullptr;
 };
 PageContents ContentsOfPage(const StatementState& statement, qsizetype index);
+
+/// The title as it stands on the drawn pages; the year box may show another year by now. Empty
+/// while nothing is drawn.
+QString TitleOfPages(const StatementState& statement);

@@ -29,9 +29,9 @@ struct PrintCancelled { };
 /// The progress box of a long run.
 class Progress {
 public:
-    Progress(const PageRange& range, QWidget* window)
-        : m_box({}, u"Abbrechen"_s, 0, static_cast<int>(range.last - range.first + 1), window)
-        , m_first(range.first)
+    Progress(const PrintJob& job, QWidget* window)
+        : m_box({}, u"Abbrechen"_s, 0, static_cast<int>(job.last - job.first + 1), window)
+        , m_first(job.first)
     {
         const bool shown = m_box.maximum() >= long_run;
         m_box.setObjectName(u"PrintProgress"_s);
@@ -70,6 +70,7 @@ struct Run {
     const StatementState& statement;
     Progress progress;
     QPainter painter {};
+    qsizetype finished = 0; ///< sheets that need no more painting
 };
 
 double Convert(const QPrinter& printer, double length, int from_mode, int to_mode)
@@ -101,8 +102,19 @@ void BeginSheet(Run& run)
         throw PrintCancelled {};
     if (!run.painter.isActive() && !run.painter.begin(&run.printer))
         throw RuntimeError { ErrorKind::File, {}, u"Der Drucker ist nicht bereit"_s };
+    ++run.finished;
     if (!run.printer.newPage())
         throw RuntimeError { ErrorKind::File, {}, u"Der Drucker ist nicht bereit"_s };
+}
+
+/// What to do about a run that stopped in the middle; page numbers count from 1 as on the tab.
+QString MissingPages(qsizetype page, qsizetype last)
+{
+    return u"Der Druck ist bei Seite %1 von %2 stehen geblieben. Prüfen Sie Papier und Kabel, beim"
+           " Drucken in eine Datei den freien Platz. Sehen Sie nach, welche Abrechnungen fertig"
+           " sind, tragen Sie unter „Druckvorlagen“ bei „Seite“ die fehlenden ein, und drücken Sie"
+           " noch einmal „Drucken“; eine Datei drucken Sie ganz neu."_s.arg(page)
+               .arg(last);
 }
 
 PrintDevice DeviceOf(Run& run)
@@ -159,8 +171,7 @@ void SetUpPrinter(QPrinter& printer)
     printer.setPageMargins(layout.minimumMargins(), layout.units());
 }
 
-void PrintStatementPages(
-    QPrinter& printer, const StatementState& statement, const PageRange& range, QWidget* window)
+PrintJob JobFor(const StatementState& statement, const PageRange& range)
 {
     PrintJob job;
     job.picture = PictureSize { PageWidth * himetric_per_inch / page_dots_per_inch,
@@ -169,10 +180,21 @@ void PrintStatementPages(
     job.page_selection = statement.PageSelection;
     job.first = range.first;
     job.last = range.last;
-    Run run { printer, statement, Progress(range, window) };
+    return job;
+}
+
+void PrintStatementPages(
+    QPrinter& printer, const StatementState& statement, const PrintJob& job, QWidget* window)
+{
+    Run run { printer, statement, Progress(job, window) };
     try {
         PrintPictureToPage(DeviceOf(run), job);
     } catch (const PrintCancelled&) {
         // The user ended the run; the painter ends the document behind the last whole page.
+    } catch (RuntimeError& error) {
+        if (run.finished == 0)
+            return; // nothing was printed, and nothing is said
+        error.where.remedy = MissingPages(job.first + run.finished + 1, job.last + 1);
+        throw;
     }
 }

@@ -20,7 +20,12 @@ bool AskForPrinter(QPrinter& printer, QWidget* window);
 /// A4, portrait, 300 dots per inch, the printable area as large as the printer allows.
 void SetUpPrinter(QPrinter& printer);
 
-/// Prints the pages on that printer. A long run shows the busy pointer and a progress box that can
-/// be cancelled between pages. Throws RuntimeError; a cancelled run just ends.
+/// The bills of these pages in full size.
+PrintJob JobFor(const StatementState& statement, const PageRange& range);
+
+/// Prints the pages of the job on that printer; its lengths are printer dots. A long run shows the
+/// busy pointer and a progress box that can be cancelled between pages; a cancelled run just ends,
+/// and so does one that fails before its first page is finished. Throws RuntimeError File when a
+/// later sheet fails: the paper in the tray looks like all bills, so it is said which are missing.
 void PrintStatementPages(
-    QPrinter& printer, const StatementState& statement, const PageRange& range, QWidget* window);
+    QPrinter& printer, const StatementState& statement, const PrintJob& job, QWidget* window);

@@ -8,5 +8,10 @@ parzello_test(test_preview_paging LIBRARIES statement)
 parzello_test(test_printing LIBRARIES statement)
 parzello_test(test_page_player LIBRARIES bill_test_support printed_test_support)
 parzello_test(test_statement_form LIBRARIES statement_tab_test_support)
+parzello_test(test_shown_bills_form LIBRARIES form_test_support printed_test_support)
+# On a fine screen the page is painted in the screen's own pixels.
+add_test(NAME test_statement_form_scale_2 COMMAND test_statement_form)
+set_tests_properties(test_statement_form_scale_2 PROPERTIES
+    ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8;TZ=UTC;QT_SCALE_FACTOR=2")
 parzello_test(test_statement_printer LIBRARIES statement_tab_test_support)
 parzello_test(test_example_start LIBRARIES form_test_support bill_test_support)

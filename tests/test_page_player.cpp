@@ -3,6 +3,7 @@
 
 #include "statement/statement_pages.h"
 #include "tests/support/example_bills.h"
+#include "tests/support/page_picture.h"
 #include "tests/support/printed.h"
 
 #include <QFontInfo>
@@ -81,17 +82,6 @@ QVector<PageLine> UprightLines(const QVector<PageItem>& items)
 bool BesideLine(const Word& word, const PageLine& line)
 {
     return word.top + 2 <= line.y2 && word.top + 10 >= line.y1;
-}
-
-QImage Picture(const StatementState& statement, qsizetype page, double scale)
-{
-    QImage image(qRound(PageWidth * scale), qRound(PageHeight * scale), QImage::Format_RGB32);
-    image.fill(Qt::white);
-    QPainter painter(&image);
-    const PageContents contents = ContentsOfPage(statement, page);
-    PlayPage(painter, *contents.fixed, scale);
-    PlayPage(painter, *contents.member, scale);
-    return image;
 }
 
 bool IsBlack(const QImage& image, int x, int y) { return image.pixel(x, y) == qRgb(0, 0, 0); }
@@ -303,7 +293,7 @@ void TestPagePlayer::lines_are_whole_black_pixels_at_every_device_pixel_ratio_da
 void TestPagePlayer::lines_are_whole_black_pixels_at_every_device_pixel_ratio()
 {
     QFETCH(int, ratio);
-    const QImage image = Picture(PagesOf(OrdinaryYear()), 0, ratio);
+    const QImage image = PagePicture(PagesOf(OrdinaryYear()), 0, ratio);
     const int row = 312 * ratio; // inside row 1
     for (int x : { 320, 380, 460, 540 }) {
         QVERIFY(IsWhite(image, x * ratio - 1, row));
@@ -324,13 +314,13 @@ void TestPagePlayer::lines_are_whole_black_pixels_at_every_device_pixel_ratio()
 void TestPagePlayer::the_font_of_the_program_and_the_resolution_of_the_screen_change_nothing()
 {
     const StatementState statement = PagesOf(OrdinaryYear());
-    const QImage before = Picture(statement, 0, 1.0);
+    const QImage before = PagePicture(statement, 0, 1.0);
     const QFont own = QGuiApplication::font();
     QFont large = own;
     large.setPointSize(20);
     large.setBold(true);
     QGuiApplication::setFont(large);
-    QCOMPARE(Picture(statement, 0, 1.0), before);
+    QCOMPARE(PagePicture(statement, 0, 1.0), before);
     QGuiApplication::setFont(own);
 
     QImage fine(PageWidth, PageHeight, QImage::Format_RGB32);
@@ -348,7 +338,7 @@ void TestPagePlayer::the_font_of_the_program_and_the_resolution_of_the_screen_ch
 
 void TestPagePlayer::red_words_show_no_black_and_the_rest_stays_black()
 {
-    const QImage image = Picture(PagesOf(OrdinaryYear()), 0, 3.0);
+    const QImage image = PagePicture(PagesOf(OrdinaryYear()), 0, 3.0);
     const auto darkest_red = [&](int from, int to) {
         int red = 255;
         for (int y = 644 * 3; y < 657 * 3; ++y) {

@@ -1,15 +1,15 @@
 // The tab "Druckvorlagen": fields, paging, scrolling, keys, drawing with errors.
+#include "tests/support/page_picture.h"
 #include "tests/support/statement_tab.h"
 
 #include "controls/fields.h"
-#include "statement/page_player.h"
+#include "statement/preview_paging.h"
 #include "statement/statement_pages.h"
 
 #include <QGroupBox>
 #include <QImage>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPainter>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScrollBar>
@@ -21,20 +21,17 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QImage PagePicture(const StatementTab& tab, qsizetype page)
+/// The page as it has to look on this screen.
+QImage PageOnScreen(const StatementTab& tab, qsizetype page)
 {
-    QImage image(PageWidth, PageHeight, QImage::Format_RGB32);
-    image.fill(Qt::white);
-    QPainter painter(&image);
-    const PageContents contents = ContentsOfPage(tab.program.Statement, page);
-    PlayPage(painter, *contents.fixed, 1.0);
-    PlayPage(painter, *contents.member, 1.0);
-    return image;
+    return PagePicture(tab.program.Statement, page, tab.Tab.devicePixelRatioF());
 }
 
 QImage Shown(const StatementTab& tab)
 {
-    return tab.program.Preview.P2->grab().toImage().convertToFormat(QImage::Format_RGB32);
+    QImage shown = tab.program.Preview.P2->grab().toImage().convertToFormat(QImage::Format_RGB32);
+    shown.setDevicePixelRatio(1.0); // pixel by pixel
+    return shown;
 }
 
 void Wheel(QWidget* widget, int delta)
@@ -63,6 +60,9 @@ private Q_SLOTS:
     void the_viewport_keeps_its_width_and_grows_with_the_window();
     void a_larger_window_moves_the_page_back_into_the_range();
     void wheel_and_keys_scroll();
+    void the_wheel_over_the_desk_moves_the_page_too();
+    void page_keys_move_by_the_large_step_data();
+    void page_keys_move_by_the_large_step();
     void alt_and_page_keys_step();
     void choosing_pages_only_sets_the_flag();
     void fields_that_print_nothing_are_tinted();
@@ -71,6 +71,7 @@ private Q_SLOTS:
     void page_fields_follow_the_list();
     void totals_are_those_of_the_last_drawing();
     void a_bad_member_is_reported_once_and_the_caller_goes_on();
+    void an_error_names_the_files_of_the_loaded_year();
     void a_new_member_leaves_the_earlier_bills_complete();
     void a_failed_save_leaves_no_page_to_step_to();
     void the_page_is_black_on_white_on_a_dark_desktop();
@@ -148,14 +149,14 @@ void TestStatementForm::the_shown_page_is_the_recorded_one()
     StatementTab tab(YearOf(u"ordinary-year"_s));
     tab.Show(1024, 700);
     for (qsizetype page = 0; page < 8; ++page) {
-        QCOMPARE(Shown(tab), PagePicture(tab, page));
+        QCOMPARE(Shown(tab), PageOnScreen(tab, page));
         QVERIFY(
             tab.program.Preview.P2->accessibleName().endsWith(u"Seite %1 von 8"_s.arg(page + 1)));
         tab.Click("Command9(0)");
     }
     tab.Click("Command9(1)");
-    QVERIFY(PagePicture(tab, 6) != PagePicture(tab, 7));
-    QCOMPARE(Shown(tab), PagePicture(tab, 6));
+    QVERIFY(PageOnScreen(tab, 6) != PageOnScreen(tab, 7));
+    QCOMPARE(Shown(tab), PageOnScreen(tab, 6));
 }
 
 void TestStatementForm::only_one_page_surface_exists_whatever_the_club()
@@ -190,7 +191,7 @@ void TestStatementForm::a_rebuild_shows_page_one_at_the_current_scroll_position(
     QCOMPARE(tab.program.Preview.P2->objectName(), u"P2(0)"_s);
     QCOMPARE(tab.program.Preview.P2->y(), -50);
     QVERIFY(tab.program.Preview.P2->isVisible());
-    QCOMPARE(Shown(tab), PagePicture(tab, 0));
+    QCOMPARE(Shown(tab), PageOnScreen(tab, 0));
 }
 
 void TestStatementForm::a_redraw_keeps_the_shown_page_and_the_typed_pages()
@@ -205,7 +206,7 @@ void TestStatementForm::a_redraw_keeps_the_shown_page_and_the_typed_pages()
     QCOMPARE(tab.TextOf("Text8(1)"), u"2"_s);
     QVERIFY(TextRows(tab.program.Statement, 1)
                 .contains(u"row_10_subtotal\t77,00\tright\t618\t440\t8\t0\t0,0,0"_s));
-    QCOMPARE(Shown(tab), PagePicture(tab, 1));
+    QCOMPARE(Shown(tab), PageOnScreen(tab, 1));
 }
 
 void TestStatementForm::the_viewport_keeps_its_width_and_grows_with_the_window()
@@ -270,6 +271,44 @@ void TestStatementForm::wheel_and_keys_scroll()
     button->setFocus();
     QTest::keyClick(button, Qt::Key_PageUp);
     QCOMPARE(bar->value(), bar->maximum() - bar->pageStep());
+}
+
+void TestStatementForm::the_wheel_over_the_desk_moves_the_page_too()
+{
+    StatementTab tab(YearOf(u"ledger-minus"_s));
+    tab.Show(1200, 600);
+    QWidget* desk = tab.program.Preview.Desk;
+    QCOMPARE(desk->childAt(20, 20), nullptr); // beside the page
+    Wheel(desk, -120);
+    QCOMPARE(tab.Control<QScrollBar>("VScroll1")->value(), 6);
+    QCOMPARE(tab.program.Preview.P2->y(), -60);
+    Wheel(desk, 240);
+    QCOMPARE(tab.program.Preview.P2->y(), 0);
+}
+
+void TestStatementForm::page_keys_move_by_the_large_step_data()
+{
+    QTest::addColumn<int>("height");
+    QTest::newRow("low") << 400;
+    QTest::newRow("middle") << 600;
+    QTest::newRow("high") << 750;
+}
+
+void TestStatementForm::page_keys_move_by_the_large_step()
+{
+    QFETCH(int, height);
+    StatementTab tab(YearOf(u"ledger-minus"_s));
+    tab.Show(1024, height);
+    QWidget* viewport = tab.program.Preview.P1;
+    const ScrollRange range = ScrollRangeFor(PageHeight, viewport->height());
+    QVERIFY(range.large_step > 1);
+    const auto* bar = tab.Control<QScrollBar>("VScroll1");
+    QTest::keyClick(viewport, Qt::Key_PageDown);
+    QCOMPARE(bar->value(), range.large_step);
+    QTest::keyClick(viewport, Qt::Key_PageDown);
+    QCOMPARE(tab.program.Preview.P2->y(), -20 * range.large_step);
+    QTest::keyClick(viewport, Qt::Key_PageUp);
+    QCOMPARE(bar->value(), range.large_step);
 }
 
 void TestStatementForm::alt_and_page_keys_step()
@@ -339,7 +378,7 @@ void TestStatementForm::an_empty_club_shows_a_blank_page()
     tab.Click("Command9(1)");
     QCOMPARE(tab.TextOf("Text7"), u"1"_s);
     QVERIFY(tab.program.Preview.P2->isVisible());
-    QImage blank(PageWidth, PageHeight, QImage::Format_RGB32);
+    QImage blank = Shown(tab);
     blank.fill(Qt::white);
     QCOMPARE(Shown(tab), blank);
     QCOMPARE(tab.program.Statement.StatementTotals, QStringList());
@@ -387,6 +426,26 @@ void TestStatementForm::a_bad_member_is_reported_once_and_the_caller_goes_on()
     QCOMPARE(tab.Boxes.size(), 2); // a new action
 }
 
+void TestStatementForm::an_error_names_the_files_of_the_loaded_year()
+{
+    StatementTab tab(YearOf(u"ordinary-year"_s));
+    tab.program.Year.YearText = u"2016"_s; // the year box went back, nothing was loaded
+    tab.program.Members.RecordList[1] = u"kurz;Carl"_s;
+    Guard(tab.program.Errors, tab.program.Ask, [&] { DrawStatementPages(tab.program); });
+    QCOMPARE(tab.Boxes.size(), 1);
+    QVERIFY2(tab.Boxes[0].contains(u"Datei „Mitgliedsdaten2017.pz“, Zeile 2"_s),
+        qPrintable(tab.Boxes[0]));
+    tab.program.Members.RecordList[1] = tab.program.Members.RecordList[0];
+    tab.program.Members.PreviousYearList.resize(1);
+    Guard(tab.program.Errors, tab.program.Ask, [&] { DrawStatementPages(tab.program); });
+    QCOMPARE(tab.Boxes.size(), 2);
+    QVERIFY2(tab.Boxes[1].contains(u"Datei „Mitgliedsdaten2016.pz“, Zeile 2"_s),
+        qPrintable(tab.Boxes[1]));
+    QVERIFY2(
+        tab.Boxes[1].contains(u"das Jahr 2017;"_s) || tab.Boxes[1].contains(u"das Jahr 2017."_s),
+        qPrintable(tab.Boxes[1]));
+}
+
 void TestStatementForm::a_new_member_leaves_the_earlier_bills_complete()
 {
     StatementTab tab(YearOf(u"new-member"_s));
@@ -401,7 +460,7 @@ void TestStatementForm::a_new_member_leaves_the_earlier_bills_complete()
     for (int i = 0; i < 6; ++i)
         tab.Click("Command9(0)");
     QCOMPARE(tab.TextOf("Text7"), u"7"_s);
-    QCOMPARE(Shown(tab), PagePicture(tab, 6)); // the fixed contents alone
+    QCOMPARE(Shown(tab), PageOnScreen(tab, 6)); // the fixed contents alone
 }
 
 void TestStatementForm::a_failed_save_leaves_no_page_to_step_to()
@@ -428,7 +487,7 @@ void TestStatementForm::the_page_is_black_on_white_on_a_dark_desktop()
     dark.setColor(QPalette::Text, Qt::white);
     tab.Tab.setPalette(dark);
     tab.Show(1024, 700);
-    QCOMPARE(Shown(tab), PagePicture(tab, 0));
+    QCOMPARE(Shown(tab), PageOnScreen(tab, 0));
     const QImage desk = tab.program.Preview.Desk->grab().toImage();
     QVERIFY(qGray(desk.pixel(1, desk.height() / 2)) < 80);
 }

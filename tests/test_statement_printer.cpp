@@ -1,9 +1,9 @@
 // Printing from the tab: what is sent to the printer, what the paper looks like, what ends
 // silently.
+#include "tests/support/page_picture.h"
 #include "tests/support/printed.h"
 #include "tests/support/statement_tab.h"
 
-#include "statement/page_player.h"
 #include "statement/statement_pages.h"
 #include "statement/statement_printer.h"
 
@@ -12,10 +12,10 @@
 #include <QFile>
 #include <QGroupBox>
 #include <QImage>
-#include <QPainter>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QProgressDialog>
+#include <QRegularExpression>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -26,13 +26,20 @@ constexpr int picture_scale = 2; // picture pixels per page pixel
 
 QImage PreviewPicture(const StatementTab& tab, qsizetype page)
 {
-    QImage image(PageWidth * picture_scale, PageHeight * picture_scale, QImage::Format_RGB32);
-    image.fill(Qt::white);
-    QPainter painter(&image);
-    const PageContents contents = ContentsOfPage(tab.program.Statement, page);
-    PlayPage(painter, *contents.fixed, picture_scale);
-    PlayPage(painter, *contents.member, picture_scale);
-    return image;
+    return PagePicture(tab.program.Statement, page, picture_scale);
+}
+
+/// The smallest rectangle around everything that is not white.
+QRect InkOf(const QImage& picture)
+{
+    QRect ink;
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x) {
+            if (qGray(picture.pixel(x, y)) < 250)
+                ink |= QRect(x, y, 1, 1);
+        }
+    }
+    return ink;
 }
 
 /// Presses "Abbrechen" as soon as the progress box shows.
@@ -76,8 +83,12 @@ private Q_SLOTS:
     void fields_without_pages_print_nothing_after_the_dialog();
     void a_cancelled_dialog_prints_nothing();
     void a_file_that_cannot_be_written_ends_silently();
+    void a_run_that_stops_between_two_sheets_says_so();
     void a_bill_that_stopped_half_way_is_printed_as_it_is();
     void the_printer_is_set_to_a4_portrait_300_dots();
+    void what_the_dialog_says_of_paper_and_dots_is_overruled();
+    void nothing_is_printed_beyond_the_pages_edge();
+    void a_page_stands_where_left_and_top_say();
     void the_dialog_offers_no_range_of_its_own();
     void a_long_run_can_be_cancelled_between_pages();
     void a_short_run_shows_no_box();
@@ -217,6 +228,28 @@ void TestStatementPrinter::a_file_that_cannot_be_written_ends_silently()
     QCOMPARE(QGuiApplication::overrideCursor(), nullptr);
 }
 
+void TestStatementPrinter::a_run_that_stops_between_two_sheets_says_so()
+{
+    StatementTab tab(YearOf(u"large-club"_s));
+    tab.program.Preview.ShowPrintDialog = [](QPrinter& printer) {
+        printer.setOutputFormat(QPrinter::PdfFormat);
+        printer.setOutputFileName(u"/dev/full"_s); // a full disk: the first bytes are still taken
+        return true;
+    };
+    tab.Type("Text8(0)", u"3"_s);
+    tab.Click("Command6");
+    QCOMPARE(tab.Boxes.size(), 1);
+    static const QRegularExpression said(
+        u"^Der Drucker ist nicht bereit \\| Der Druck ist bei Seite (\\d+) von 120 stehen "
+        u"geblieben\\. "
+        "Prüfen Sie .*„Drucken“; eine Datei drucken Sie ganz neu\\.$"_s);
+    const auto match = said.match(tab.Boxes[0]);
+    QVERIFY2(match.hasMatch(), qPrintable(tab.Boxes[0]));
+    const int page = match.captured(1).toInt();
+    QVERIFY2(page > 3 && page <= 120, qPrintable(tab.Boxes[0]));
+    QCOMPARE(QGuiApplication::overrideCursor(), nullptr);
+}
+
 void TestStatementPrinter::a_bill_that_stopped_half_way_is_printed_as_it_is()
 {
     StatementTab tab(YearOf(u"new-member"_s));
@@ -239,6 +272,65 @@ void TestStatementPrinter::the_printer_is_set_to_a4_portrait_300_dots()
     const QRectF printable = printer.pageRect(QPrinter::DevicePixel);
     QVERIFY(qAbs(printable.width() - 2480) <= 1);
     QVERIFY(qAbs(printable.height() - 3508) <= 1);
+}
+
+void TestStatementPrinter::what_the_dialog_says_of_paper_and_dots_is_overruled()
+{
+    StatementTab tab(YearOf(u"ordinary-year"_s));
+    const QString path = tab.Folder.filePath(u"bills.pdf"_s);
+    tab.program.Preview.ShowPrintDialog = [&](QPrinter& printer) {
+        printer.setOutputFormat(QPrinter::PdfFormat);
+        printer.setOutputFileName(path);
+        printer.setPageSize(QPageSize(QPageSize::Letter));
+        printer.setPageOrientation(QPageLayout::Landscape);
+        printer.setResolution(1200);
+        return true;
+    };
+    tab.Click("Command6");
+    QCOMPARE(PageSizeOfPdf(path), u"595 x 842 pts (A4)"_s);
+    QCOMPARE(DotsPerInchOfPdf(path), 300);
+}
+
+void TestStatementPrinter::nothing_is_printed_beyond_the_pages_edge()
+{
+    StatementTab tab(YearOf(u"ordinary-year"_s));
+    tab.program.ClubName = QString(200, u'W');
+    DrawStatementPages(tab.program);
+    const QString path = tab.Folder.filePath(u"bills.pdf"_s);
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setOutputFormat(QPrinter::PdfFormat);
+    printer.setOutputFileName(path);
+    SetUpPrinter(printer);
+    printer.setPageMargins(QMarginsF(20, 20, 20, 20), QPageLayout::Millimeter);
+    PrintStatementPages(
+        printer, tab.program.Statement, JobFor(tab.program.Statement, { 0, 0 }), nullptr);
+    // Two picture dots a millimetre: the page lies between 20 and 190 mm.
+    const QRect ink = InkOf(PictureOfPdf(path, 0, QSize(420, 594)));
+    QVERIFY2(ink.left() >= 40 && ink.left() <= 60, qPrintable(QString::number(ink.left())));
+    QVERIFY2(ink.right() >= 378 && ink.right() <= 380, qPrintable(QString::number(ink.right())));
+}
+
+void TestStatementPrinter::a_page_stands_where_left_and_top_say()
+{
+    StatementTab tab(YearOf(u"ordinary-year"_s));
+    const auto ink_at = [&](double left, double top) {
+        const QString path = tab.Folder.filePath(u"bills.pdf"_s);
+        QPrinter printer(QPrinter::HighResolution);
+        printer.setOutputFormat(QPrinter::PdfFormat);
+        printer.setOutputFileName(path);
+        SetUpPrinter(printer);
+        PrintJob job = JobFor(tab.program.Statement, { 0, 0 });
+        job.scale_factor = 0.5;
+        job.left = left;
+        job.top = top;
+        PrintStatementPages(printer, tab.program.Statement, job, nullptr);
+        return InkOf(PictureOfPdf(path, 0, QSize(620, 877))); // 75 dots per inch
+    };
+    const QRect ink = ink_at(0, 0);
+    QVERIFY(ink.width() > 250 && ink.width() < 310);
+    const QRect moved = ink_at(400, 800); // printer dots: 100 and 200 of the picture's
+    QCOMPARE(moved.topLeft() - ink.topLeft(), QPoint(100, 200));
+    QCOMPARE(moved.bottomRight() - ink.bottomRight(), QPoint(100, 200));
 }
 
 void TestStatementPrinter::the_dialog_offers_no_range_of_its_own()

@@ -2,6 +2,7 @@
 
 #include "statement/page.h"
 
+#include <QFile>
 #include <QProcess>
 #include <QRegularExpression>
 #include <QTemporaryDir>
@@ -82,6 +83,32 @@ QString TitleOfPdf(const QString& path)
 {
     static const QRegularExpression title(u"Title:\\s+(.*)"_s);
     return title.match(QString::fromUtf8(Run(u"pdfinfo"_s, { path }))).captured(1);
+}
+
+QString PageSizeOfPdf(const QString& path)
+{
+    static const QRegularExpression size(u"Page size:\\s+(.*)"_s);
+    return size.match(QString::fromUtf8(Run(u"pdfinfo"_s, { path }))).captured(1);
+}
+
+int DotsPerInchOfPdf(const QString& path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        qFatal("cannot read %s", qPrintable(path));
+    const QByteArray bytes = file.readAll();
+    // The page's drawing is packed; it begins with the step from painter dots to points, and a
+    // point is a 72nd of an inch.
+    static const QRegularExpression matrix(u"([0-9.]+) 0 0 -[0-9.]+ [0-9.]+ [0-9.]+ cm"_s);
+    for (qsizetype at = bytes.indexOf("stream\n"); at >= 0;
+         at = bytes.indexOf("stream\n", at + 1)) {
+        const QByteArray room(QByteArrayLiteral("\0\1\0\0")); // for so many bytes unpacked
+        const QByteArray drawing = qUncompress(room + bytes.mid(at + 7));
+        const auto found = matrix.match(QString::fromLatin1(drawing));
+        if (found.hasMatch())
+            return qRound(72.0 / found.captured(1).toDouble());
+    }
+    return 0;
 }
 
 QImage PictureOfPdf(const QString& path, int page, const QSize& size)

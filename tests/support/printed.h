@@ -25,6 +25,12 @@ int PagesOfPdf(const QString& path);
 /// Title of the document: what a print queue shows.
 QString TitleOfPdf(const QString& path);
 
+/// Size of the first page as pdfinfo says it, e.g. "595 x 842 pts (A4)".
+QString PageSizeOfPdf(const QString& path);
+
+/// Dots per inch in which the first page was painted.
+int DotsPerInchOfPdf(const QString& path);
+
 /// A page as picture of that size; page 0 is the first.
 QImage PictureOfPdf(const QString& path, int page, const QSize& size);
 
