@@ -87,6 +87,35 @@ bool BesideLine(const Word& word, const PageLine& line)
 bool IsBlack(const QImage& image, int x, int y) { return image.pixel(x, y) == qRgb(0, 0, 0); }
 bool IsWhite(const QImage& image, int x, int y) { return image.pixel(x, y) == qRgb(255, 255, 255); }
 
+/// A cell of the table, twelve pixels high, with digits at its right end.
+PageItems CellWithDigits(int top)
+{
+    PageItems page;
+    AddBox(page, 10, top, 90, top + 12);
+    AddRightAligned(page, u"row_1_amount"_s, 78, top, u"0,00"_s);
+    return page;
+}
+
+using Band = std::pair<int, int>; ///< first row and the row behind the last
+
+/// The bands of rows that have something dark within the area.
+QVector<Band> DarkBands(const QImage& image, const QRect& area)
+{
+    QVector<Band> bands;
+    bool was_dark = false;
+    for (int y = area.top(); y <= area.bottom(); ++y) {
+        bool dark = false;
+        for (int x = area.left(); x <= area.right(); ++x)
+            dark = dark || qGray(image.pixel(x, y)) < 128;
+        if (dark && !was_dark)
+            bands += { y, y };
+        if (dark)
+            bands.last().second = y + 1;
+        was_dark = dark;
+    }
+    return bands;
+}
+
 ExampleYear OrdinaryYear() { return ExampleYears()[1]; }
 
 void WritePdf(const QString& path, const StatementState& statement, int resolution)
@@ -117,6 +146,9 @@ private Q_SLOTS:
     void control_characters_have_no_width_and_no_ink();
     void what_runs_past_the_edge_of_the_page_changes_nothing();
     void no_word_of_any_example_crosses_a_line();
+    void digits_stand_between_the_lines_of_their_cell_data();
+    void digits_stand_between_the_lines_of_their_cell();
+    void digits_stand_between_the_lines_on_paper_too();
     void lines_are_whole_black_pixels_at_every_device_pixel_ratio_data();
     void lines_are_whole_black_pixels_at_every_device_pixel_ratio();
     void the_font_of_the_program_and_the_resolution_of_the_screen_change_nothing();
@@ -280,6 +312,56 @@ void TestPagePlayer::no_word_of_any_example_crosses_a_line()
     }
     QVERIFY2(words > 20000, qPrintable(QString::number(words)));
     QVERIFY2(beside > 40000, qPrintable(QString::number(beside)));
+}
+
+void TestPagePlayer::digits_stand_between_the_lines_of_their_cell_data()
+{
+    QTest::addColumn<int>("scale");
+    QTest::addColumn<int>("digits_top");
+    QTest::addColumn<int>("digits_bottom");
+    QTest::newRow("1") << 1 << 2 << 11; // pixels below the text's top; the last one is free
+    QTest::newRow("2") << 2 << 5 << 23;
+}
+
+void TestPagePlayer::digits_stand_between_the_lines_of_their_cell()
+{
+    QFETCH(int, scale);
+    QFETCH(int, digits_top);
+    QFETCH(int, digits_bottom);
+    QImage image(100 * scale, 50 * scale, QImage::Format_RGB32);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    PlayPage(painter, CellWithDigits(20), scale);
+    painter.end();
+    const QVector<Band> expected { { 20 * scale, 21 * scale },
+        { 20 * scale + digits_top, 20 * scale + digits_bottom }, { 32 * scale, 33 * scale } };
+    QCOMPARE(DarkBands(image, QRect(50 * scale, 0, 30 * scale, 50 * scale)), expected);
+}
+
+void TestPagePlayer::digits_stand_between_the_lines_on_paper_too()
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(u"cell.pdf"_s);
+    {
+        QPdfWriter writer(path);
+        writer.setPageSize(QPageSize(QPageSize::A4));
+        writer.setPageMargins(QMarginsF());
+        writer.setResolution(300);
+        QPainter painter(&writer);
+        PlayPage(painter, CellWithDigits(400), double(writer.width()) / PageWidth);
+    }
+    constexpr int scale = 4; // picture pixels per page pixel
+    const QImage image = PictureOfPdf(path, 0, QSize(PageWidth * scale, 918 * scale));
+    const QVector<Band> bands
+        = DarkBands(image, QRect(50 * scale, 395 * scale, 30 * scale, 25 * scale));
+    QCOMPARE(bands.size(), 3);
+    const Band digits = bands[1];
+    QVERIFY2(
+        qAbs(digits.first - (400 * scale + 10)) <= 2, qPrintable(QString::number(digits.first)));
+    QVERIFY2(
+        qAbs(digits.second - (400 * scale + 46)) <= 2, qPrintable(QString::number(digits.second)));
+    QVERIFY(digits.first > bands[0].second);
+    QVERIFY(digits.second < bands[2].first);
 }
 
 void TestPagePlayer::lines_are_whole_black_pixels_at_every_device_pixel_ratio_data()
