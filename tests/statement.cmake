@@ -4,6 +4,8 @@ parzello_test(test_contacts LIBRARIES bill_test_support)
 parzello_test(test_page_layout LIBRARIES bill_test_support)
 parzello_test(test_bill_amounts LIBRARIES bill_test_support)
 parzello_test(test_example_bills LIBRARIES bill_test_support)
+add_test(NAME check_bills
+    COMMAND /usr/bin/python3 ${CMAKE_CURRENT_SOURCE_DIR}/golden/bills.py --check)
 parzello_test(test_preview_paging LIBRARIES statement)
 parzello_test(test_printing LIBRARIES statement)
 parzello_test(test_page_player LIBRARIES bill_test_support printed_test_support)

@@ -2,7 +2,8 @@
 """Works out the texts of all bills of an example club by its own arithmetic.
 
 usage: bills.py            writes tests/fixtures/bills/<club>[-<year>]/bills.tsv and totals.tsv
-       bills.py --check    compares its own answers with the clubs that bring expected tables
+       bills.py --check    writes nothing; fails where its answers and the tables differ: those that the
+                           clubs bring and those that it has written
 
 Shares no code with the program: exact decimal fractions instead of the program's formats, singles
 by packing and unpacking four bytes.
@@ -265,8 +266,13 @@ def main():
                     same = (expected / file).read_text(encoding="utf-8") == text
                     wrong += not same
                     print(name, year, file, "as expected" if same else "DIFFERS")
-                elif "--check" not in sys.argv:
-                    folder = FIXTURES / "bills" / name
+                    continue
+                folder = FIXTURES / "bills" / name
+                if "--check" in sys.argv:
+                    same = (folder / file).exists() and (folder / file).read_text(encoding="utf-8") == text
+                    wrong += not same
+                    print(name, year, file, "as written" if same else "DIFFERS")
+                else:
                     folder.mkdir(parents=True, exist_ok=True)
                     (folder / file).write_text(text, encoding="utf-8", newline="\n")
                     print(name, year, file, "written", text.count("\n") - 1, "rows")
