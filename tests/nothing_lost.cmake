@@ -1,6 +1,7 @@
 # Rewrites that survive everything, a second start, hostile files.
 parzello_test(test_redo_record LIBRARIES data)
 parzello_test(test_rewrite_file LIBRARIES data)
+parzello_test(test_start_finishes LIBRARIES form_test_support)
 
 add_executable(single_start_driver single_start_driver.cpp)
 target_link_libraries(single_start_driver PRIVATE forms)
