@@ -22,7 +22,8 @@ constexpr int patience_milliseconds = 20000;
 struct Start {
     QProcess process;
 
-    explicit Start(const DataFiles& files, const QStringList& variables = {})
+    explicit Start(
+        const DataFiles& files, const QStringList& variables = {}, const QStringList& more = {})
     {
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         environment.remove(u"XDG_RUNTIME_DIR"_s);
@@ -31,8 +32,8 @@ struct Start {
             environment.insert(variable.section(u'=', 0, 0), variable.section(u'=', 1));
         process.setProcessEnvironment(environment);
         process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-        process.start(
-            QStringLiteral(SINGLE_START_DRIVER), { files.DataDirectory, files.StateDirectory });
+        process.start(QStringLiteral(SINGLE_START_DRIVER),
+            QStringList { files.DataDirectory, files.StateDirectory } + more);
     }
 
     ~Start()
@@ -101,6 +102,27 @@ private Q_SLOTS:
         Start second(folders.files, { u"XDG_ACTIVATION_TOKEN=token-17"_s });
         QCOMPARE(second.Line(), QByteArray("other"));
         QCOMPARE(first.Line(), QByteArray("front token-17"));
+    }
+
+    void an_open_message_box_comes_to_the_front_with_its_window()
+    {
+        const DataFolders folders;
+        Start first(folders.files, {}, { u"box"_s });
+        QCOMPARE(first.Line(), QByteArray("first"));
+        Start second(folders.files);
+        QCOMPARE(second.Line(), QByteArray("other"));
+        // the box last: it must not end up below its window
+        QCOMPARE(first.Line(), QByteArray("shown raised Window MessageBox active MessageBox"));
+    }
+
+    void a_box_of_the_start_comes_to_the_front_while_the_window_is_not_shown_yet()
+    {
+        const DataFolders folders;
+        Start first(folders.files, {}, { u"early box"_s });
+        QCOMPARE(first.Line(), QByteArray("first"));
+        Start second(folders.files);
+        QCOMPARE(second.Line(), QByteArray("other"));
+        QCOMPARE(first.Line(), QByteArray("hidden raised MessageBox active MessageBox"));
     }
 
     void after_a_crash_the_next_start_goes_on()
