@@ -169,13 +169,14 @@ RuntimeError FolderUnreadable(const QString& folder, int error, Links links)
 void CheckTarget(const DataFiles& files, const QString& name)
 {
     const QString path = InFolder(files.DataDirectory, name);
-    const int error = IsLink(path) ? IsALink : CheckWritable(path);
-    if (error != 0) {
-        throw CopyError(name, error,
-            QStringLiteral("Die Datei im Ordner „%1“ kann nicht ersetzt werden. Es wurde nichts "
-                           "wiederhergestellt, alle Daten sind wie zuvor.")
-                .arg(files.DataDirectory));
-    }
+    const QString what
+        = QStringLiteral("Die Datei im Ordner „%1“ kann nicht ersetzt werden. Es wurde nichts "
+                         "wiederhergestellt, alle Daten sind wie zuvor.")
+              .arg(files.DataDirectory);
+    if (IsLink(path))
+        throw CopyError(name, IsALink, what);
+    if (const int error = CheckWritable(path); error != 0)
+        throw FileError(files, name, error, FileDeed::Restore, what);
 }
 
 void Replace(const DataFiles& files, const QString& name, const QByteArray& content)

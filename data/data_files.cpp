@@ -86,6 +86,18 @@ QString WriteRemedy(int error, const QString& folder, const QString& again)
     }
 }
 
+QString Again(FileDeed deed)
+{
+    switch (deed) {
+    case FileDeed::Finish:
+        return QStringLiteral("das Programm neu starten");
+    case FileDeed::Restore:
+        return QStringLiteral("noch einmal wiederherstellen");
+    default:
+        return QStringLiteral("noch einmal speichern");
+    }
+}
+
 QString Remedy(int error, const QString& folder, FileDeed deed)
 {
     if (error == EISDIR || error == NotARegularFile) {
@@ -95,9 +107,7 @@ QString Remedy(int error, const QString& folder, FileDeed deed)
     }
     if (deed == FileDeed::Read)
         return ReadRemedy(error, folder);
-    return WriteRemedy(error, folder,
-        deed == FileDeed::Write ? QStringLiteral("noch einmal speichern")
-                                : QStringLiteral("das Programm neu starten"));
+    return WriteRemedy(error, folder, Again(deed));
 }
 
 } // namespace

@@ -28,8 +28,9 @@ QString PathOf(const DataFiles& files, const QString& name);
 /// The part of a path or of a name like "\Konto2016.pz" behind the last separator, for messages.
 QString FileNameOf(const QString& path_or_name);
 
-/// What was tried with a file, for the remedy. Finish: the rewrite of an earlier run.
-enum class FileDeed { Read, Write, Finish };
+/// What was tried with a file, for the remedy. Finish: the rewrite of an earlier run. Restore: with
+/// what lies on the stick.
+enum class FileDeed { Read, Write, Finish, Restore };
 
 /// The error of an operating system call with such a file; `before` is a sentence that precedes the
 /// remedy (what has become of the file).

@@ -523,7 +523,9 @@ private Q_SLOTS:
         QCOMPARE(error.reason, QStringLiteral("Ist ein Verzeichnis"));
         QCOMPARE(ErrorSentence(error),
             QStringLiteral("Datei „b.pz“: Die Datei im Ordner „%1“ kann nicht ersetzt werden. Es "
-                           "wurde nichts wiederhergestellt, alle Daten sind wie zuvor.")
+                           "wurde nichts wiederhergestellt, alle Daten sind wie zuvor. Im Ordner "
+                           "„%1“ liegt an der Stelle der Datei etwas anderes. Bitte dieses "
+                           "umbenennen oder verschieben.")
                 .arg(folders.Files.DataDirectory));
         QCOMPARE(Read(folders.Data("a.pz")), QByteArray("old a"));
     }
