@@ -1,11 +1,15 @@
 // Runs one saving action of the program on a data directory, for the crash-matrix, and says how it
 // ended: "confirmed", or "refused" with the sentence that the user sees.
+#include "app/program.h"
 #include "tests/support/crash_actions.h"
+
+#include <QApplication>
 
 #include <unistd.h>
 
 #include <cstdio>
 #include <cstring>
+#include <optional>
 
 namespace {
 
@@ -13,20 +17,54 @@ namespace {
 void MarkBegin() { static_cast<void>(::fsync(-7)); }
 void MarkEnd() { static_cast<void>(::fsync(-8)); }
 
-int Run(const CrashAction& action, const DataFiles& files)
+int Answer(const std::optional<QString>& refusal)
 {
+    if (refusal)
+        std::printf("refused %s\n", qPrintable(*refusal));
+    else
+        std::printf("confirmed\n");
+    return refusal ? 1 : 0;
+}
+
+int RunOnFiles(const CrashAction& action, const DataFiles& files)
+{
+    std::optional<QString> refusal;
     MarkBegin();
     try {
         action.run(files);
     } catch (const RuntimeError& error) {
-        MarkEnd();
-        const QString sentence = ErrorHeadline(error) + QStringLiteral(". ") + ErrorSentence(error);
-        std::printf("refused %s\n", qPrintable(sentence));
-        return 1;
+        refusal = ErrorHeadline(error) + QStringLiteral(". ") + ErrorSentence(error);
     }
     MarkEnd();
-    std::printf("confirmed\n");
-    return 0;
+    return Answer(refusal);
+}
+
+/// The window of the program; every question is answered with "Ja" or "OK". An error box of the
+/// press is a refusal.
+int RunInWindow(const CrashAction& action, const DataFiles& files)
+{
+    int count = 0;
+    QApplication application(count, nullptr);
+    std::optional<QString> refusal;
+    Program program;
+    program.Files = files;
+    program.Today = [] { return QDate(2017, 1, 6); };
+    program.Backup.FindDrive = [files] { return files.DataDirectory + QStringLiteral("/.."); };
+    program.Backup.FindFallback = [] { return Fallback {}; };
+    program.Ask = [&refusal](const MessageBox& box) {
+        if (box.icon == BoxIcon::Error && !refusal)
+            refusal = box.text + QStringLiteral(". ") + box.detail;
+        return box.buttons == BoxButtons::YesNo ? BoxAnswer::Yes : BoxAnswer::Ok;
+    };
+    BuildMainWindow(program);
+    action.fill(program);
+    refusal.reset();
+    MarkBegin();
+    action.press(program);
+    MarkEnd();
+    const int code = Answer(refusal);
+    DestroyMainWindow(program);
+    return code;
 }
 
 } // namespace
@@ -38,7 +76,7 @@ int main(int argument_count, char** arguments)
     const DataFiles files { QString::fromUtf8(arguments[2]), QString::fromUtf8(arguments[3]) };
     for (const CrashAction& action : CrashActions()) {
         if (std::strcmp(action.name, arguments[1]) == 0)
-            return Run(action, files);
+            return action.run != nullptr ? RunOnFiles(action, files) : RunInWindow(action, files);
     }
     return 2;
 }

@@ -11,8 +11,8 @@ target_compile_definitions(test_single_start PRIVATE
     PROGRAM="$<TARGET_FILE:parzello>")
 add_dependencies(test_single_start single_start_driver parzello)
 
-add_library(crash_actions STATIC support/crash_actions.cpp)
-target_link_libraries(crash_actions PUBLIC test_support members settings cashbook backup)
+add_library(crash_actions STATIC support/crash_actions.cpp support/window_actions.cpp)
+target_link_libraries(crash_actions PUBLIC test_support forms Qt6::Test)
 add_executable(crash_driver crash_driver.cpp)
 target_link_libraries(crash_driver PRIVATE crash_actions)
 parzello_test(test_refused_places LIBRARIES crash_actions)

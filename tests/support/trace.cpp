@@ -39,19 +39,19 @@ bool ChangesFolder(const TracedCall& call)
 QList<TracedCall> CallsBetweenMarks(const QByteArray& trace)
 {
     static const QRegularExpression form(
-        u"^\\d+ +(\\w+)\\((-[78])?(?:AT_FDCWD[^,]*, )?(?:\\d+<([^>]*)>|\"([^\"]*)\")?"_s);
+        u"^(\\d+) +(\\w+)\\((-[78])?(?:AT_FDCWD[^,]*, )?(?:\\d+<([^>]*)>|\"([^\"]*)\")?"_s);
     QList<TracedCall> calls;
-    QMap<QString, int> counts;
+    QMap<QString, int> counts; // each thread has its own
     bool is_inside = false;
     for (const QByteArray& line : trace.split('\n')) {
         const QRegularExpressionMatch match = form.match(QString::fromUtf8(line));
         if (!match.hasMatch())
             continue;
-        const int number = ++counts[match.captured(1)];
-        if (!match.captured(2).isEmpty())
-            is_inside = match.captured(2) == u"-7"_s;
+        const int number = ++counts[match.captured(1) + u' ' + match.captured(2)];
+        if (!match.captured(3).isEmpty())
+            is_inside = match.captured(3) == u"-7"_s;
         else if (is_inside)
-            calls += { match.captured(1), number, match.captured(3) + match.captured(4),
+            calls += { match.captured(2), number, match.captured(4) + match.captured(5),
                 line.contains("O_CREAT") };
     }
     return calls;
