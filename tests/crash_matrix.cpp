@@ -46,6 +46,7 @@ struct Point {
     const CrashAction* action = nullptr;
     const Recording* recording = nullptr;
     QString call {}; ///< empty: the size of files is limited instead
+    QString place {}; ///< path of the file that the call is about, within the temporary folder
     QString fault {}; ///< as strace wants it
     qint64 size_limit = -1;
     Demand demand = Demand::None;
@@ -164,6 +165,8 @@ Recording Record(const CrashAction& action)
     const QString complaint = SyncComplaint(recording.calls, folders.files.DataDirectory);
     if (!complaint.isEmpty())
         qFatal("%s: %s", action.name, qPrintable(complaint));
+    for (TracedCall& call : recording.calls)
+        call.path.remove(0, folders.root.path().size());
     recording.after = OnDisk(folders);
     const DataFolders untouched;
     action.prepare(untouched.files);
@@ -193,12 +196,12 @@ void AddWindowPoints(const CrashAction& action, const Recording& recording, QLis
         const QString once = u":when=%1"_s.arg(call.number);
         const Demand demand = IsVital(call) ? Demand::Refuse : Demand::None;
         const auto add = [&](const QString& fault) {
-            points += { &action, &recording, call.name, fault, -1, demand };
+            points += { &action, &recording, call.name, call.path, fault, -1, demand };
         };
         add(u"error=EIO"_s + once);
         if (!Changes(call))
             continue;
-        points += { &action, &recording, call.name, u"signal=SIGKILL"_s + once };
+        points += { &action, &recording, call.name, call.path, u"signal=SIGKILL"_s + once };
         add(u"error=ENOSPC"_s + once + u'+');
     }
 }
@@ -213,7 +216,7 @@ void AddPoints(const CrashAction& action, const Recording& recording, QList<Poin
         const QString once = u":when=%1"_s.arg(call.number);
         const QString from_then_on = once + u'+';
         const auto add = [&](const QString& fault, Demand demand = Demand::None) {
-            points += { &action, &recording, call.name, fault, -1, demand };
+            points += { &action, &recording, call.name, call.path, fault, -1, demand };
         };
         const Demand demand = IsVital(call) ? Demand::Refuse : Demand::None;
         add(u"signal=SIGKILL"_s + once);
@@ -233,7 +236,24 @@ void AddPoints(const CrashAction& action, const Recording& recording, QList<Poin
     for (const QByteArray& content : recording.after)
         largest = std::max(largest, content.size() + 200); // a record is a little larger
     for (qint64 limit = 0; limit <= largest; limit += std::max<qint64>(1, largest / 30))
-        points += { &action, &recording, {}, {}, limit, Demand::None };
+        points += { &action, &recording, {}, {}, {}, limit, Demand::None };
+}
+
+/// Empty, or what is wrong with a trace that should show the fault at its call: what the window
+/// does before must be the same in every run, or the count leads elsewhere.
+QString PlaceComplaint(const Point& point, const QByteArray& trace, const DataFolders& folders)
+{
+    QByteArray hit;
+    for (const QByteArray& line : trace.split('\n')) {
+        if (line.contains("+++ killed by SIGKILL +++"))
+            break;
+        hit = line;
+        if (line.contains("(INJECTED)"))
+            break;
+    }
+    const QByteArray path = (folders.root.path() + point.place).toUtf8();
+    const bool is_there = hit.contains('"' + path + '"') || hit.contains('<' + path + '>');
+    return is_there ? QString() : u"another call was reached: "_s + QString::fromUtf8(hit);
 }
 
 /// Runs the point and starts the program again. Empty, or what is wrong.
@@ -245,7 +265,7 @@ QString Complaint(const Point& point)
     QStringList options;
     if (!point.call.isEmpty()) {
         options = StraceOptions(folders,
-            { u"-e"_s, u"trace="_s + point.call, u"-e"_s,
+            { u"-y"_s, u"-e"_s, u"trace="_s + point.call, u"-e"_s,
                 u"inject="_s + point.call + u':' + point.fault });
         if (!point.fault.contains(u"signal"_s))
             options += u"--seccomp-bpf"_s; // quicker, but kills nothing
@@ -255,6 +275,8 @@ QString Complaint(const Point& point)
         const QByteArray trace = TraceOf(folders);
         if (!trace.contains("(INJECTED)") && !trace.contains("+++ killed by SIGKILL +++"))
             return u"the point was not reached"_s;
+        if (const QString wrong = PlaceComplaint(point, trace, folders); !wrong.isEmpty())
+            return wrong;
     }
     const bool is_confirmed = output == "confirmed\n";
     if (!is_confirmed && !output.startsWith("refused ") && !point.fault.contains(u"SIGKILL"_s))
