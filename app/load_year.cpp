@@ -14,14 +14,21 @@ void ShowYear(Program& program)
 {
     QLineEdit* year_box = program.MembersTab.Text2;
     year_box->setText(program.Year.YearText);
+    const QString& year = program.Year.YearText;
     const QString& loaded = program.Year.LoadedYear;
-    if (loaded.isEmpty() || loaded == program.Year.YearText)
+    if (loaded == year)
         Tint(year_box, TintKind::None);
-    else
+    else if (!loaded.isEmpty())
         Tint(year_box, TintKind::OtherYear,
             QStringLiteral("Gezeigt werden noch die Daten von %1. „Laden“ lädt %2; ein Speichern "
-                           "ohne Laden schreibt die gezeigten Mitglieder in das Jahr %2.")
-                .arg(loaded, program.Year.YearText));
+                           "ohne Laden schreibt die gezeigten Mitglieder, Preise und Buchungen in "
+                           "das Jahr %2.")
+                .arg(loaded, year));
+    else if (FileExists(program.Files, MembersFileName(year)))
+        Tint(year_box, TintKind::OtherYear,
+            QStringLiteral("Die Daten von %1 sind nicht geladen. „Laden“ lädt sie.").arg(year));
+    else
+        Tint(year_box, TintKind::None);
 }
 
 void StepYear(Program& program, int index)

@@ -2,9 +2,9 @@
 
 #include "app/manual.h"
 #include "app/program.h"
+#include "settings/settings_marks_form.h"
 
 #include <QKeySequence>
-#include <QLineEdit>
 #include <QMainWindow>
 #include <QPushButton>
 #include <QShortcut>
@@ -20,26 +20,12 @@ template <typename Routine> void Key(Program& program, const QKeySequence& keys,
     On(program, shortcut, &QShortcut::activated, routine);
 }
 
-bool PricesWereEdited(const Program& program)
-{
-    return !program.Settings.SettingsSaved && program.Settings.PricesEdited;
-}
-
-bool BankWasEdited(const Program& program)
-{
-    for (std::size_t i = 0; i < program.Settings.SavedBank.size(); ++i) {
-        if (program.SettingsTab.Text6[i]->text() != program.Settings.SavedBank[i])
-            return true;
-    }
-    return false;
-}
-
 /// The settings have two buttons "Speichern"; the key presses those whose fields were changed, else
 /// that of the prices.
 void SaveSettingsInFront(Program& program)
 {
-    const bool bank = BankWasEdited(program);
-    if (PricesWereEdited(program) || !bank)
+    const bool bank = BankDiffers(program);
+    if (!bank || PricesDiffer(program))
         program.SettingsTab.Command5->click();
     if (bank)
         program.SettingsTab.Command7->click();

@@ -3,6 +3,7 @@
 // member_editing and member_lists.
 #include "app/program.h"
 #include "controls/fields.h"
+#include "data/file_names.h"
 #include "members/member_editing.h"
 
 #include <QLineEdit>
@@ -77,12 +78,27 @@ void ComputeDifferences(Program& program)
     program.Member.WaterDifference = form.Text1[5]->text();
 }
 
+/// A file of the year that could not be read would be replaced by what was typed since.
+void RequireLoadedYear(const Program& program, const QString& file_name)
+{
+    if (!program.Year.LoadedYear.isEmpty() || !FileExists(program.Files, file_name))
+        return;
+    Place where;
+    where.file = FileNameOf(file_name);
+    where.remedy
+        = QStringLiteral("Die Mitglieder dieses Jahres sind nicht geladen, darum wird ihre "
+                         "Datei nicht überschrieben. Bitte beheben Sie, was beim Laden "
+                         "gemeldet wurde, und drücken Sie „Laden“.");
+    throw RuntimeError { ErrorKind::File, where, QStringLiteral("Datei ist nicht geladen") };
+}
+
 /// Writes the lists as file of YearText; an error says in addition what became of the input. An
 /// error after which the file holds the lists all the same (only the note of the rewrite could not
 /// be removed) is shown and ends nothing: the same member would be added a second time.
 void WriteMembers(Program& program, const MemberLists& lists, const QString& what_is_left)
 {
     const QString& year = program.Year.YearText;
+    RequireLoadedYear(program, MembersFileName(year));
     try {
         WriteMembersFile(lists, program.Files, year);
     } catch (const RuntimeError& error) {
@@ -101,15 +117,26 @@ void ReloadAfterWriting(Program& program)
 {
     ClearFields(program, 0);
     program.Member.CurrentMember = -1;
+    program.Year.LoadedYear = program.Year.YearText; // the lists are that year's file now
     RebuildStatementPages(program);
-    LoadYear(program);
+    Guard(program.Errors, program.Ask, [&program] { LoadYear(program); });
+    if (program.Member.CurrentMember >= 0)
+        return;
+    program.Member.CurrentMember
+        = 0; // a year that cannot be read again leaves the lists as written
+    ShowNameList(program);
+    ShowMember(program);
 }
 
-bool DiffersFromFile(const Program& program)
+/// Readings that could not be entered are in the record all the same, and not in the file.
+bool DiffersFromRecordOrFile(const Program& program)
 {
     const QStringList typed = FormFields(program.MembersTab);
+    const QStringList record
+        = SplitRecord(program.Members.RecordList.value(program.Member.CurrentMember));
     for (int field = 0; field < MemberFieldCount; ++field) {
-        if (typed[field] != StoredText(program, field))
+        if (typed[field] != StoredText(program, field)
+            || typed[field] != FieldOrEmpty(record, field))
             return true;
     }
     return false;
@@ -238,7 +265,7 @@ void EnterReadings(Program& program)
 
 void StepMember(Program& program, int direction)
 {
-    if (DiffersFromFile(program))
+    if (DiffersFromRecordOrFile(program))
         EnterReadings(program);
     const int next
         = NeighbourOf(program.Member.CurrentMember, direction, program.Members.RecordList.size());

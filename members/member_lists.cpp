@@ -4,6 +4,8 @@
 #include "data/file_names.h"
 #include "data/german_numbers.h"
 
+#include <cmath>
+
 namespace {
 
 QString RolledForward(const QString& line, const Place& where)
@@ -97,5 +99,8 @@ QString MeterDifference(
         return {};
     const double end_number = NumberOf(end, end_place);
     const double start_number = NumberOf(start, start_place);
-    return TextOfDouble(end_number - start_number);
+    const double difference = end_number - start_number;
+    if (!std::isfinite(difference))
+        throw RuntimeError { ErrorKind::Overflow, end_place, {} };
+    return TextOfDouble(difference);
 }

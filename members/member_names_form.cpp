@@ -17,9 +17,12 @@ void MarkShownMember(const Program& program)
     const int row = program.Member.CurrentMember;
     QListWidget* names = program.MembersTab.List1;
     const QSignalBlocker silent_names(names);
-    names->setCurrentRow(row);
-    if (row < 0)
+    if (row >= 0) {
+        names->setCurrentRow(row);
+    } else {
+        names->setCurrentIndex({}); // unlike row -1 this lets the list get the focus without a row
         names->clearSelection();
+    }
     names->scrollToItem(names->item(row));
 
     QTreeWidget* overview = program.MembersTab.ListView2;

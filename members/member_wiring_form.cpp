@@ -61,8 +61,9 @@ void ConnectFields(Program& program)
                 [](Program& p) { p.MembersTab.Command2->click(); });
             continue;
         }
-        OnEvent(program, control, QEvent::MouseButtonPress, [field](Program& p, QEvent&) {
-            MemberFieldClicked(p, field);
+        OnEvent(program, control, QEvent::MouseButtonPress, [field](Program& p, QEvent& event) {
+            if (static_cast<QMouseEvent&>(event).button() == Qt::LeftButton)
+                MemberFieldClicked(p, field); // the right one opens the menu, "Einfügen" for one
             return false;
         });
     }

@@ -1,6 +1,5 @@
 #include "statement/statement_printer.h"
 
-#include "data/runtime_error.h"
 #include "statement/page_player.h"
 #include "statement/statement_pages.h"
 
@@ -25,6 +24,9 @@ constexpr qsizetype long_run = 50; // pages; shorter runs take less than a secon
 
 /// The user does not want the remaining pages.
 struct PrintCancelled { };
+
+/// The printer takes no more sheets.
+struct PrinterFailed { };
 
 /// The progress box of a long run.
 class Progress {
@@ -70,7 +72,6 @@ struct Run {
     const StatementState& statement;
     Progress progress;
     QPainter painter {};
-    qsizetype finished = 0; ///< sheets that need no more painting
 };
 
 double Convert(const QPrinter& printer, double length, int from_mode, int to_mode)
@@ -83,7 +84,7 @@ double Convert(const QPrinter& printer, double length, int from_mode, int to_mod
 void PaintPage(Run& run, qsizetype index, double left, double top, double width, double height)
 {
     if (!run.painter.isActive() && !run.painter.begin(&run.printer))
-        throw RuntimeError { ErrorKind::File, {}, u"Der Drucker ist nicht bereit"_s };
+        throw PrinterFailed {};
     run.progress.Show(index);
     const PageContents contents = ContentsOfPage(run.statement, index);
     run.painter.save();
@@ -101,20 +102,9 @@ void BeginSheet(Run& run)
     if (run.progress.Cancelled())
         throw PrintCancelled {};
     if (!run.painter.isActive() && !run.painter.begin(&run.printer))
-        throw RuntimeError { ErrorKind::File, {}, u"Der Drucker ist nicht bereit"_s };
-    ++run.finished;
+        throw PrinterFailed {};
     if (!run.printer.newPage())
-        throw RuntimeError { ErrorKind::File, {}, u"Der Drucker ist nicht bereit"_s };
-}
-
-/// What to do about a run that stopped in the middle; page numbers count from 1 as on the tab.
-QString MissingPages(qsizetype page, qsizetype last)
-{
-    return u"Der Druck ist bei Seite %1 von %2 stehen geblieben. Prüfen Sie Papier und Kabel, beim"
-           " Drucken in eine Datei den freien Platz. Sehen Sie nach, welche Abrechnungen fertig"
-           " sind, tragen Sie unter „Druckvorlagen“ bei „Seite“ die fehlenden ein, und drücken Sie"
-           " noch einmal „Drucken“; eine Datei drucken Sie ganz neu."_s.arg(page)
-               .arg(last);
+        throw PrinterFailed {};
 }
 
 PrintDevice DeviceOf(Run& run)
@@ -191,10 +181,7 @@ void PrintStatementPages(
         PrintPictureToPage(DeviceOf(run), job);
     } catch (const PrintCancelled&) {
         // The user ended the run; the painter ends the document behind the last whole page.
-    } catch (RuntimeError& error) {
-        if (run.finished == 0)
-            return; // nothing was printed, and nothing is said
-        error.where.remedy = MissingPages(job.first + run.finished + 1, job.last + 1);
-        throw;
+    } catch (const PrinterFailed&) {
+        // The run ends without a word, as it does when the dialog is cancelled.
     }
 }

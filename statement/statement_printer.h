@@ -24,8 +24,7 @@ void SetUpPrinter(QPrinter& printer);
 PrintJob JobFor(const StatementState& statement, const PageRange& range);
 
 /// Prints the pages of the job on that printer; its lengths are printer dots. A long run shows the
-/// busy pointer and a progress box that can be cancelled between pages; a cancelled run just ends,
-/// and so does one that fails before its first page is finished. Throws RuntimeError File when a
-/// later sheet fails: the paper in the tray looks like all bills, so it is said which are missing.
+/// busy pointer and a progress box that can be cancelled between pages. A run that is cancelled or
+/// fails just ends and says nothing.
 void PrintStatementPages(
     QPrinter& printer, const StatementState& statement, const PrintJob& job, QWidget* window);

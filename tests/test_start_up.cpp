@@ -4,6 +4,7 @@
 #include "tests/support/club.h"
 
 #include <QCalendarWidget>
+#include <QDir>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -115,6 +116,17 @@ private Q_SLOTS:
         QVERIFY(Names(club).isEmpty());
         QCOMPARE(club.program.Member.CurrentMember, qint16(0));
         QVERIFY(BoxesOf(club, QStringLiteral("Datenfehler")).isEmpty());
+    }
+
+    void members_rolled_forward_are_kept_only_when_their_file_is_written()
+    {
+        TestClub club;
+        club.Write(QStringLiteral("Mitgliedsdaten2016.pz"), two_members);
+        QVERIFY(QDir().mkpath(club.Path(QStringLiteral("Mitgliedsdaten2017.pz/im Weg"))));
+        club.Start({ 2017, 1, 1 });
+        QVERIFY(club.program.Members.RecordList.isEmpty());
+        QCOMPARE(club.program.Year.LoadedYear, QString());
+        QVERIFY(!BoxesOf(club, QStringLiteral("Kleingarten Parzello")).isEmpty());
     }
 
     void a_short_record_stops_the_roll_forward_before_anything_is_written()

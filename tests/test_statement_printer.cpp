@@ -15,7 +15,6 @@
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QProgressDialog>
-#include <QRegularExpression>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -83,7 +82,7 @@ private Q_SLOTS:
     void fields_without_pages_print_nothing_after_the_dialog();
     void a_cancelled_dialog_prints_nothing();
     void a_file_that_cannot_be_written_ends_silently();
-    void a_run_that_stops_between_two_sheets_says_so();
+    void a_run_that_fails_between_two_sheets_ends_silently();
     void a_bill_that_stopped_half_way_is_printed_as_it_is();
     void the_printer_is_set_to_a4_portrait_300_dots();
     void what_the_dialog_says_of_paper_and_dots_is_overruled();
@@ -228,7 +227,7 @@ void TestStatementPrinter::a_file_that_cannot_be_written_ends_silently()
     QCOMPARE(QGuiApplication::overrideCursor(), nullptr);
 }
 
-void TestStatementPrinter::a_run_that_stops_between_two_sheets_says_so()
+void TestStatementPrinter::a_run_that_fails_between_two_sheets_ends_silently()
 {
     StatementTab tab(YearOf(u"large-club"_s));
     tab.program.Preview.ShowPrintDialog = [](QPrinter& printer) {
@@ -238,15 +237,7 @@ void TestStatementPrinter::a_run_that_stops_between_two_sheets_says_so()
     };
     tab.Type("Text8(0)", u"3"_s);
     tab.Click("Command6");
-    QCOMPARE(tab.Boxes.size(), 1);
-    static const QRegularExpression said(
-        u"^Der Drucker ist nicht bereit \\| Der Druck ist bei Seite (\\d+) von 120 stehen "
-        u"geblieben\\. "
-        "Prüfen Sie .*„Drucken“; eine Datei drucken Sie ganz neu\\.$"_s);
-    const auto match = said.match(tab.Boxes[0]);
-    QVERIFY2(match.hasMatch(), qPrintable(tab.Boxes[0]));
-    const int page = match.captured(1).toInt();
-    QVERIFY2(page > 3 && page <= 120, qPrintable(tab.Boxes[0]));
+    QCOMPARE(tab.Boxes, QStringList());
     QCOMPARE(QGuiApplication::overrideCursor(), nullptr);
 }
 
