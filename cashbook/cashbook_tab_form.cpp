@@ -5,6 +5,7 @@
 #include "cashbook/texts.h"
 #include "controls/calendar.h"
 #include "controls/fields.h"
+#include "controls/stacking.h"
 
 #include <QCalendarWidget>
 #include <QFrame>
@@ -96,7 +97,7 @@ QHBoxLayout* BuildHead(CashBookForm& form, QWidget* tab)
     head->setSpacing(TabSpacing);
     head->addWidget(form.Label21, 1);
     head->addWidget(MakeCaption(tab, QStringLiteral("aktueller Kontostand"), form.BalanceLabel));
-    head->addWidget(form.BalanceLabel);
+    head->addWidget(form.BalanceLabel, 0, Qt::AlignVCenter); // a long title is higher
     head->addWidget(form.Command15);
     return head;
 }
@@ -114,6 +115,7 @@ QTableView* BuildLedgerView(CashBookForm& form, QWidget* tab)
     view->setAlternatingRowColors(true);
     view->setShowGrid(false);
     view->setWordWrap(false);
+    view->setMinimumHeight(view->fontMetrics().lineSpacing() * 8); // the heading and some rows
     view->setTabKeyNavigation(false);
     view->setCornerButtonEnabled(false);
     view->verticalHeader()->hide();
@@ -235,8 +237,8 @@ QVBoxLayout* WithCaption(QListWidget* list, const QString& caption, QWidget* tab
     list->setAccessibleName(caption);
     list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     list->setTextElideMode(Qt::ElideRight);
-    list->setMinimumHeight(0);
-    list->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored); // as high as its neighbours
+    list->setMinimumHeight(list->fontMetrics().lineSpacing() * 4);
+    list->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
     KeepSelectionClear(list);
     MakeRowsRoomy(list);
     auto* column = new QVBoxLayout;
@@ -255,7 +257,7 @@ QVBoxLayout* BuildPayees(CashBookForm& form, QWidget* tab)
     QVBoxLayout* column
         = WithCaption(form.List9, QStringLiteral("sich wiederholende Vorgänge"), tab);
     form.List9->setSizeAdjustPolicy(QAbstractScrollArea::AdjustToContents); // none is cut off
-    form.List9->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Ignored);
+    form.List9->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Preferred);
     return column;
 }
 
@@ -275,19 +277,25 @@ QVBoxLayout* BuildNames(CashBookForm& form, QWidget* tab)
 void BuildCashBookTab(Program& program, QWidget* tab)
 {
     CashBookForm& form = program.CashBookTab;
-    auto* below = new QHBoxLayout;
-    below->setSpacing(TabSpacing);
-
     auto* column = new QVBoxLayout(tab);
     column->setContentsMargins(TabSpacing, TabSpacing, TabSpacing, TabSpacing);
     column->setSpacing(TabSpacing);
     column->addLayout(BuildHead(form, tab));
     column->addWidget(BuildLedgerView(form, tab), 1);
-    column->addLayout(below);
 
-    below->addWidget(BuildCalendar(form, tab));
-    below->addWidget(BuildEntryFrame(form, tab), 3);
-    below->addLayout(BuildPayees(form, tab));
-    below->addLayout(BuildNames(form, tab), 2);
+    auto* booking = new QHBoxLayout;
+    booking->setSpacing(TabSpacing);
+    booking->addWidget(BuildCalendar(form, tab));
+    booking->addWidget(BuildEntryFrame(form, tab), 1);
+    auto* lists = new QHBoxLayout;
+    lists->setSpacing(TabSpacing);
+    lists->addLayout(BuildPayees(form, tab), 1);
+    lists->addLayout(BuildNames(form, tab), 1);
+    auto* below = new QBoxLayout(QBoxLayout::LeftToRight);
+    below->setSpacing(TabSpacing);
+    below->addLayout(booking, 5);
+    below->addLayout(lists, 3);
+    column->addLayout(below);
+    StackWhenNarrow(below, below, tab);
     ConnectCashBookTab(program);
 }

@@ -10,7 +10,7 @@ target_include_directories(parzello_flags INTERFACE ${PROJECT_SOURCE_DIR})
 target_compile_options(parzello_flags INTERFACE
     -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror -fPIC
     # GCC 12 sees an overlap in plain string assignments once they are optimised (its bug 105329).
-    $<$<AND:$<CXX_COMPILER_ID:GNU>,$<VERSION_LESS:$<CXX_COMPILER_VERSION>,13>>:-Wno-restrict>)
+    $<$<AND:$<CONFIG:Release>,$<CXX_COMPILER_ID:GNU>,$<VERSION_LESS:$<CXX_COMPILER_VERSION>,13>>:-Wno-restrict>)
 target_compile_definitions(parzello_flags INTERFACE
     QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_CAST_FROM_BYTEARRAY
     QT_NO_FOREACH QT_NO_KEYWORDS

@@ -2,6 +2,7 @@
 // member_form.cpp.
 #include "app/program.h"
 #include "controls/fields.h"
+#include "controls/stacking.h"
 #include "data/records.h"
 
 #include <QFrame>
@@ -51,7 +52,7 @@ QVBoxLayout* ColumnOf(QGroupBox* frame)
 /// more.
 void TakeLeftOverHeight(QWidget* list)
 {
-    list->setMinimumHeight(list->fontMetrics().lineSpacing() * 4);
+    list->setMinimumHeight(list->fontMetrics().lineSpacing() * 6); // some rows
     list->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);
 }
 
@@ -286,12 +287,16 @@ void BuildMemberTab(Program& program, QWidget* tab)
     right->addWidget(BuildReadings(program, tab));
     right->addWidget(BuildOverview(form, tab), 1);
 
+    auto* member = new QBoxLayout(QBoxLayout::LeftToRight);
+    member->setSpacing(TabSpacing);
+    member->addWidget(address, 3);
+    member->addLayout(right, 2);
     auto* row = new QHBoxLayout(tab);
     row->setContentsMargins(TabSpacing, TabSpacing, TabSpacing, TabSpacing);
     row->setSpacing(TabSpacing);
     row->addLayout(left, 2);
-    row->addWidget(address, 3);
-    row->addLayout(right, 2);
+    row->addLayout(member, 5);
+    StackWhenNarrow(member, row, tab);
 
     ConnectMemberTab(program);
 }

@@ -4,6 +4,7 @@
 
 #include "app/program.h"
 #include "controls/fields.h"
+#include "controls/stacking.h"
 #include "settings/settings_frames_form.h"
 #include "settings/settings_marks_form.h"
 
@@ -23,14 +24,6 @@ namespace {
 constexpr int widest_page
     = 170; // characters; beyond that fields only grow away from their captions
 
-int WidthSideBySide(const QBoxLayout* columns)
-{
-    int width = (columns->count() - 1) * columns->spacing();
-    for (int i = 0; i < columns->count(); ++i)
-        width += columns->itemAt(i)->minimumSize().width();
-    return width;
-}
-
 /// What stands side by side where there is room goes one below the other where there is not (large
 /// fonts, small windows): nobody has to scroll sideways. First the frames, then the columns of the
 /// first frame.
@@ -45,13 +38,8 @@ struct Stacking {
         const int prices_width = WidthSideBySide(prices.columns) + frame_margins;
         const int tab_width = 2 * TabSpacing + frames->spacing() + prices_width
             + frames->itemAt(1)->minimumSize().width();
-        SetDirection(frames, tab_width <= width);
-        SetDirection(prices.columns, 2 * TabSpacing + prices_width <= width);
-    }
-
-    static void SetDirection(QBoxLayout* layout, bool side_by_side)
-    {
-        layout->setDirection(side_by_side ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
+        SetSideBySide(frames, tab_width <= width);
+        SetSideBySide(prices.columns, 2 * TabSpacing + prices_width <= width);
     }
 };
 

@@ -193,6 +193,8 @@ QWidget* BuildPagesFrame(Program& program, QWidget* tab)
     grid->addWidget(MakeCaption(frame, u"Gesamtseitenzahl"_s, form.Text9), 1, 0);
     grid->addWidget(form.Text9, 1, 1);
     grid->setColumnStretch(2, 1);
+    for (QPushButton* button : { form.Command9Previous, form.Command9Next })
+        button->setMinimumWidth(0); // side by side they take what room the frame has
     auto* buttons = new QHBoxLayout;
     buttons->setSpacing(FrameSpacing);
     buttons->addWidget(form.Command9Previous);

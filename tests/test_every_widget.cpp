@@ -196,8 +196,47 @@ private Q_SLOTS:
             QCoreApplication::processEvents();
             const auto* scroll = qobject_cast<QScrollArea*>(club.Tabs()->widget(tab));
             QVERIFY(scroll->verticalScrollBar()->maximum() > 0);
-            QVERIFY(scroll->horizontalScrollBar()->maximum() > 0);
         }
+    }
+
+    void nobody_scrolls_sideways_with_large_letters_in_a_small_window()
+    {
+        const QFont before = QApplication::font();
+        QFont large = before;
+        large.setPointSize(16);
+        QApplication::setFont(large);
+        {
+            Shown club;
+            club.program.Window.Window->resize(1024, 700);
+            for (int tab = 0; tab < 4; ++tab) {
+                club.Tabs()->setCurrentIndex(tab);
+                for (int i = 0; i < 5; ++i) // layouts settle in several rounds
+                    QCoreApplication::processEvents();
+                const auto* scroll = qobject_cast<QScrollArea*>(club.Tabs()->widget(tab));
+                QVERIFY2(scroll->horizontalScrollBar()->maximum() == 0,
+                    qPrintable(club.Tabs()->tabText(tab)));
+            }
+            // what stands below the other here stands beside it in a wide window
+            const auto left_of = [&](const char* one, const char* other) {
+                const QWidget* window = club.program.Window.Window;
+                const auto x = [&](const char* name) {
+                    const auto* control = club.Control<QWidget>(name);
+                    return control->mapTo(window, QPoint()).x();
+                };
+                return x(one) + club.Control<QWidget>(one)->width() < x(other);
+            };
+            QVERIFY(!left_of("Text3(0)", "Text1(1)"));
+            QVERIFY(!left_of("Text10(1)", "List4"));
+            club.program.Window.Window->resize(2500, 1000);
+            for (int tab : { 0, 2 }) {
+                club.Tabs()->setCurrentIndex(tab);
+                for (int i = 0; i < 5; ++i)
+                    QCoreApplication::processEvents();
+            }
+            QVERIFY(left_of("Text3(0)", "Text1(1)"));
+            QVERIFY(left_of("Text10(1)", "List4"));
+        }
+        QApplication::setFont(before);
     }
 
     void one_button_of_a_frame_stands_out_even_without_the_focus()
