@@ -3,7 +3,7 @@
 #include "controls/events.h"
 
 #include <QBoxLayout>
-#include <QResizeEvent>
+#include <QEvent>
 #include <QWidget>
 
 int WidthSideBySide(const QBoxLayout* layout)
@@ -21,12 +21,14 @@ void SetSideBySide(QBoxLayout* layout, bool side_by_side)
 
 void StackWhenNarrow(QBoxLayout* layout, const QLayout* row, QWidget* page)
 {
-    HookEvent(page->parentWidget(), QEvent::Resize, [layout, row, page](QEvent& event) {
+    QWidget* viewport = page->parentWidget();
+    HookEvent(viewport, QEvent::Resize, [layout, row, page, viewport](QEvent&) {
         const QMargins margins = page->layout()->contentsMargins();
         const int around = row == page->layout() ? 0 : margins.left() + margins.right();
         const int needed = around + row->minimumSize().width() - layout->minimumSize().width()
             + WidthSideBySide(layout);
-        SetSideBySide(layout, needed <= static_cast<QResizeEvent&>(event).size().width());
+        // The whole area counts: its scroll bar is only there while the layout is stacked.
+        SetSideBySide(layout, needed <= viewport->parentWidget()->contentsRect().width());
         return false;
     });
 }

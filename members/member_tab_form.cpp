@@ -76,6 +76,7 @@ QHBoxLayout* BuildYearChoice(MemberForm& form, QWidget* parent)
         QStringLiteral("Command4"));
     for (QPushButton* arrow : form.Command3)
         arrow->setFixedWidth(std::max(32, arrow->fontMetrics().averageCharWidth() * 4));
+    form.Command4->setMinimumWidth(0); // this row decides how narrow the tab can be
 
     auto* row = new QHBoxLayout;
     row->setSpacing(FrameSpacing);
