@@ -16,19 +16,19 @@ void ShowYear(Program& program)
     year_box->setText(program.Year.YearText);
     const QString& year = program.Year.YearText;
     const QString& loaded = program.Year.LoadedYear;
-    if (loaded == year)
+    const bool nothing_to_say
+        = loaded == year || (loaded.isEmpty() && !FileExists(program.Files, MembersFileName(year)));
+    if (nothing_to_say)
         Tint(year_box, TintKind::None);
-    else if (!loaded.isEmpty())
+    else if (loaded.isEmpty())
+        Tint(year_box, TintKind::OtherYear,
+            QStringLiteral("Die Daten von %1 sind nicht geladen. „Laden“ lädt sie.").arg(year));
+    else
         Tint(year_box, TintKind::OtherYear,
             QStringLiteral("Gezeigt werden noch die Daten von %1. „Laden“ lädt %2; ein Speichern "
                            "ohne Laden schreibt die gezeigten Mitglieder, Preise und Buchungen in "
                            "das Jahr %2.")
                 .arg(loaded, year));
-    else if (FileExists(program.Files, MembersFileName(year)))
-        Tint(year_box, TintKind::OtherYear,
-            QStringLiteral("Die Daten von %1 sind nicht geladen. „Laden“ lädt sie.").arg(year));
-    else
-        Tint(year_box, TintKind::None);
 }
 
 void StepYear(Program& program, int index)
