@@ -154,6 +154,19 @@ private Q_SLOTS:
         QVERIFY(!book.BankLedger.contains(typed));
         QCOMPARE(book.BankLedger.size(), 99'999);
     }
+
+    void each_account_has_a_list_and_marks_of_its_own()
+    {
+        CashBookState book;
+        LedgerOf(book, Account::CashBox) = { u"03.02.2017;Porto;0,00;1,00"_s };
+        UnsavedOf(book, Account::CashBox) = true;
+        UnreadOf(book, Account::CashBox) = true;
+        const CashBookState& seen = book;
+        QCOMPARE(LedgerOf(seen, Account::CashBox), book.CashBoxLedger);
+        QVERIFY(LedgerOf(seen, Account::Bank).isEmpty());
+        QVERIFY(book.CashBoxUnsaved && book.CashBoxUnread);
+        QVERIFY(!UnsavedOf(book, Account::Bank) && !UnreadOf(book, Account::Bank));
+    }
 };
 
 QTEST_APPLESS_MAIN(TestLedger)

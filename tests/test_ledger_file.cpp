@@ -250,6 +250,16 @@ private Q_SLOTS:
         QVERIFY(error->where.remedy.contains(u"„Übertrag Saldo 2016“"_s));
     }
 
+    void a_withdrawal_that_is_no_number_is_named_alone()
+    {
+        const CarryOver carried = Carried({ u"d;t;5,00;abc"_s });
+        const std::optional<RuntimeError> error
+            = UncountedError(carried, u"Konto2016.pz"_s, u"2016"_s);
+        QVERIFY(error.has_value());
+        QCOMPARE(error->where.field, u"Abheben"_s);
+        QVERIFY(!error->where.remedy.contains(u"Ebenso"_s));
+    }
+
     void good_amounts_need_no_box()
     {
         QVERIFY(!UncountedError(Carried({ u"d;t;1;0"_s }), u"Konto2016.pz"_s, u"2016"_s));
