@@ -3,6 +3,7 @@
 
 #include "data/redo_record.h"
 #include "data/runtime_error.h"
+#include "tests/support/error_of.h"
 #include "tests/support/privileges.h"
 
 #include <QDateTime>
@@ -82,16 +83,6 @@ QStringList Texts(std::initializer_list<const char*> names)
 }
 
 /// The error that the routine throws; an empty reason when it throws none.
-template <typename Routine> RuntimeError ErrorOf(Routine routine)
-{
-    try {
-        routine();
-    } catch (const RuntimeError& error) {
-        return error;
-    }
-    return {};
-}
-
 const FileDone Nothing = [](qsizetype) {};
 
 } // namespace

@@ -2,6 +2,7 @@
 #include "cashbook/ledger_file.h"
 
 #include "data/records.h"
+#include "tests/support/error_of.h"
 
 #include <QDir>
 #include <QFile>
@@ -37,16 +38,6 @@ struct Folder {
         return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(none)");
     }
 };
-
-template <typename Routine> RuntimeError ErrorOf(Routine routine)
-{
-    try {
-        routine();
-    } catch (const RuntimeError& error) {
-        return error;
-    }
-    return { ErrorKind::File, {}, u"nothing was thrown"_s };
-}
 
 CarryOver Carried(const QStringList& lines)
 {

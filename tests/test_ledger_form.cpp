@@ -11,25 +11,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString no_history
-    = u"Hinweis|Achtung ! Es ist am besten erst einen aktuelles Guthaben unter "
-      "Ein & Ausgaben einzutragen da sonst das Konto mit Minus anfängt."_s;
-
-QString NewYear(const QString& year)
-{
-    return u"Hinweis|Achtung ! Es beginnt ein Neues Jahr "_s + year
-        + u" und Ihr Konto wird mit Übertrag neu Weitwrgeführt !"_s;
-}
-
-const QString bank_line = u"01.02.2016;Anfang;100,00;0,00\r\n"_s;
-const QString cash_line = u"01.02.2016;Kasse;50,00;0,00\r\n"_s;
-
-void BookPorto(const CashBookClub& club, const QString& text = u"Porto"_s)
-{
-    club.TypeBooking(u"02.02.2016"_s, text, u"0,00"_s, u"1,00"_s);
-    club.Click("Command12(0)");
-}
-
 QString Mark(const CashBookClub& club) { return club.Control<QLabel>("UnsavedMark")->text(); }
 
 QString Caption(const CashBookClub& club) { return club.Control<QPushButton>("Command15")->text(); }

@@ -1,5 +1,6 @@
 // What the member form's buttons do to the lists.
 #include "members/member_editing.h"
+#include "tests/support/error_of.h"
 
 #include <QtTest>
 
@@ -25,16 +26,6 @@ MemberLists Three()
     for (const QString& surname : { u"A"_s, u"B"_s, u"C"_s })
         AddMember(lists, Fields(surname));
     return lists;
-}
-
-template <typename Routine> RuntimeError ErrorOf(Routine routine)
-{
-    try {
-        routine();
-    } catch (const RuntimeError& error) {
-        return error;
-    }
-    return { ErrorKind::File, {}, u"nothing was thrown"_s };
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 #include "members/member_lists.h"
 
 #include "data/file_names.h"
+#include "tests/support/error_of.h"
 
 #include <QFile>
 #include <QTemporaryDir>
@@ -40,16 +41,6 @@ struct Club {
 };
 
 QByteArray Ansi(const QByteArray& utf8) { return QString::fromUtf8(utf8).toLatin1(); }
-
-template <typename Routine> RuntimeError ErrorOf(Routine routine)
-{
-    try {
-        routine();
-    } catch (const RuntimeError& error) {
-        return error;
-    }
-    return { ErrorKind::File, {}, u"nothing was thrown"_s };
-}
 
 } // namespace
 

@@ -151,3 +151,25 @@ struct CashBookClub : TestClub {
         return hints;
     }
 };
+
+// What several tests of the tab expect and book
+
+inline const QString no_history
+    = QStringLiteral("Hinweis|Achtung ! Es ist am besten erst einen aktuelles Guthaben unter "
+                     "Ein & Ausgaben einzutragen da sonst das Konto mit Minus anfängt.");
+
+inline QString NewYear(const QString& year)
+{
+    return QStringLiteral("Hinweis|Achtung ! Es beginnt ein Neues Jahr ") + year
+        + QStringLiteral(" und Ihr Konto wird mit Übertrag neu Weitwrgeführt !");
+}
+
+inline const QString bank_line = QStringLiteral("01.02.2016;Anfang;100,00;0,00\r\n");
+inline const QString cash_line = QStringLiteral("01.02.2016;Kasse;50,00;0,00\r\n");
+
+inline void BookPorto(const CashBookClub& club, const QString& text = QStringLiteral("Porto"))
+{
+    club.TypeBooking(
+        QStringLiteral("02.02.2016"), text, QStringLiteral("0,00"), QStringLiteral("1,00"));
+    club.Click("Command12(0)");
+}
