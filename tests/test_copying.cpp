@@ -250,7 +250,7 @@ private Q_SLOTS:
             QCOMPARE(error.reason, QStringLiteral("Daten und Sicherung lägen im selben Ordner"));
             QVERIFY(error.where.remedy.contains(folder));
         }
-        QVERIFY(ErrorOf([&] { CheckBackupFolder(folders.Files, folders.Stick); }).reason.isEmpty());
+        CheckBackupFolder(folders.Files, folders.Stick); // throws nothing
         CheckBackupFolder(folders.Files, QStringLiteral("/nowhere/Parzello/")); // throws nothing
     }
 
