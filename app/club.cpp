@@ -7,12 +7,15 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QTabWidget>
 
 void ReadClubName(Program& program)
 {
     const bool is_there = FileExists(program.Files, ClubNameFile);
     program.Window.Text5->setVisible(!is_there);
     program.Window.Command22->setVisible(!is_there);
+    if (!is_there)
+        program.Window.Text5->setFocus();
     if (is_there)
         program.ClubName = ReadFirstLine(program.Files, ClubNameFile);
 }
@@ -30,6 +33,7 @@ void SaveClubName(Program& program)
     program.ClubName = typed;
     program.Window.ClubNameLabel->setText(
         typed); // an empty name shows nothing until the next start
+    program.Window.SSTab1->setFocus(); // before the box goes, else its neighbour "Beenden" gets it
     program.Window.Text5->hide();
     program.Window.Command22->hide();
     DrawStatementPages(program); // the name stands on every bill

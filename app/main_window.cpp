@@ -45,6 +45,7 @@ QWidget* BuildHead(Program& program, QWidget* parent)
         QStringLiteral("Speichert den Vereinsnamen. Er steht auf jeder Abrechnung."));
     window.Command8
         = Named(MakeButton(head, QStringLiteral("Beenden")), QStringLiteral("Command8"));
+    window.Command8->setAutoDefault(false); // a stray Enter must not end the program
     window.Command8->setToolTip(QStringLiteral(
         "Beendet das Programm sofort und ohne Rückfrage. Nicht Gespeichertes geht verloren."));
 
@@ -172,6 +173,7 @@ void BuildMainWindow(Program& program)
         program.Ask = [window](const MessageBox& box) { return ShowMessageBox(window, box); };
     window->setCentralWidget(BuildContent(program));
     window->resize(FirstSize(program));
+    program.Window.SSTab1->setFocus(); // else the first button has the focus: "Beenden"
     BuildShortcuts(program);
     HookEvent(qApp, QEvent::Quit, SessionEnds);
     ConnectHandlers(program); // last: building a tab control signals tab changes

@@ -1,6 +1,7 @@
 // Typing the club name at the first start.
 #include "tests/support/club.h"
 
+#include <QApplication>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMainWindow>
@@ -29,6 +30,30 @@ private Q_SLOTS:
         QCOMPARE(club.Control<QLabel>("Label1(1)")->text(), QStringLiteral("KGV Mühle"));
         QVERIFY(!box->isVisible());
         QVERIFY(!club.Control<QPushButton>("Command22")->isVisible());
+    }
+
+    void the_button_that_ends_the_program_never_gets_the_focus_by_itself()
+    {
+        TestClub first;
+        first.Start({ 2017, 11, 20 });
+        first.program.Window.Window->show();
+        QVERIFY(QTest::qWaitForWindowActive(first.program.Window.Window));
+        const auto* end = first.Control<QPushButton>("Command8");
+        auto* box = first.Control<QLineEdit>("Text5");
+        QCOMPARE(QApplication::focusWidget(), box);
+        QTest::keyClicks(box, QStringLiteral("KGV"));
+        QTest::keyClick(box, Qt::Key_Return);
+        QVERIFY(first.Exists(QStringLiteral("V.dat")));
+        QVERIFY(QApplication::focusWidget() != nullptr && QApplication::focusWidget() != end);
+        QVERIFY(!end->autoDefault()); // Enter does not press it
+
+        TestClub later;
+        later.CopyExample(QStringLiteral("ordinary-year"));
+        later.Start({ 2017, 11, 20 });
+        later.program.Window.Window->show();
+        QVERIFY(QTest::qWaitForWindowActive(later.program.Window.Window));
+        QVERIFY(QApplication::focusWidget() != nullptr);
+        QVERIFY(QApplication::focusWidget() != later.Control<QPushButton>("Command8"));
     }
 
     void a_click_selects_the_hint_so_that_typing_replaces_it()
