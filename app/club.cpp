@@ -14,10 +14,10 @@ void ReadClubName(Program& program)
     const bool is_there = FileExists(program.Files, ClubNameFile);
     program.Window.Text5->setVisible(!is_there);
     program.Window.Command22->setVisible(!is_there);
-    if (!is_there)
-        program.Window.Text5->setFocus();
     if (is_there)
         program.ClubName = ReadFirstLine(program.Files, ClubNameFile);
+    else
+        program.Window.Text5->setFocus();
 }
 
 void ShowClubName(Program& program)
