@@ -1,5 +1,6 @@
 #include "statement/statement_printer.h"
 
+#include "data/runtime_error.h"
 #include "statement/page_player.h"
 #include "statement/statement_pages.h"
 
@@ -24,9 +25,6 @@ constexpr qsizetype long_run = 50; // pages; shorter runs take less than a secon
 
 /// The user does not want the remaining pages.
 struct PrintCancelled { };
-
-/// The printer takes no more sheets.
-struct PrinterFailed { };
 
 /// The progress box of a long run.
 class Progress {
@@ -84,7 +82,7 @@ double Convert(const QPrinter& printer, double length, int from_mode, int to_mod
 void PaintPage(Run& run, qsizetype index, double left, double top, double width, double height)
 {
     if (!run.painter.isActive() && !run.painter.begin(&run.printer))
-        throw PrinterFailed {};
+        throw RuntimeError { ErrorKind::File, {}, {} };
     run.progress.Show(index);
     const PageContents contents = ContentsOfPage(run.statement, index);
     run.painter.save();
@@ -102,9 +100,9 @@ void BeginSheet(Run& run)
     if (run.progress.Cancelled())
         throw PrintCancelled {};
     if (!run.painter.isActive() && !run.painter.begin(&run.printer))
-        throw PrinterFailed {};
+        throw RuntimeError { ErrorKind::File, {}, {} };
     if (!run.printer.newPage())
-        throw PrinterFailed {};
+        throw RuntimeError { ErrorKind::File, {}, {} };
 }
 
 PrintDevice DeviceOf(Run& run)
@@ -181,7 +179,7 @@ void PrintStatementPages(
         PrintPictureToPage(DeviceOf(run), job);
     } catch (const PrintCancelled&) {
         // The user ended the run; the painter ends the document behind the last whole page.
-    } catch (const PrinterFailed&) {
+    } catch (const RuntimeError&) {
         // The run ends without a word, as it does when the dialog is cancelled.
     }
 }

@@ -83,6 +83,7 @@ private Q_SLOTS:
     void a_cancelled_dialog_prints_nothing();
     void a_file_that_cannot_be_written_ends_silently();
     void a_run_that_fails_between_two_sheets_ends_silently();
+    void a_page_selection_that_is_no_number_ends_silently();
     void a_bill_that_stopped_half_way_is_printed_as_it_is();
     void the_printer_is_set_to_a4_portrait_300_dots();
     void what_the_dialog_says_of_paper_and_dots_is_overruled();
@@ -237,6 +238,17 @@ void TestStatementPrinter::a_run_that_fails_between_two_sheets_ends_silently()
     };
     tab.Type("Text8(0)", u"3"_s);
     tab.Click("Command6");
+    QCOMPARE(tab.Boxes, QStringList());
+    QCOMPARE(QGuiApplication::overrideCursor(), nullptr);
+}
+
+void TestStatementPrinter::a_page_selection_that_is_no_number_ends_silently()
+{
+    StatementTab tab(YearOf(u"ordinary-year"_s));
+    tab.PrintTo(u"bills.pdf"_s);
+    tab.program.Statement.PageSelection = u"x"_s;
+    tab.Click("Command6");
+    QCOMPARE(tab.DialogsShown, 1);
     QCOMPARE(tab.Boxes, QStringList());
     QCOMPARE(QGuiApplication::overrideCursor(), nullptr);
 }
