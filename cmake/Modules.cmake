@@ -55,3 +55,10 @@ function(parzello_test name)
     set_tests_properties(${name} PROPERTIES
         ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8;TZ=UTC" TIMEOUT 300)
 endfunction()
+
+# Everything that shows a window. One library: forms reach each other's routines through
+# app/program.h. Each folder adds its own.
+add_library(forms STATIC)
+function(parzello_forms)
+    target_sources(forms PRIVATE ${ARGN})
+endfunction()

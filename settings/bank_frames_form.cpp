@@ -1,8 +1,9 @@
 // The frames "Bankverbindung", "Kassenwart" and "Ansprechpartner" of the tab "Einstellungen".
-#include "settings/settings_frames_form.h"
+#include "settings/bank_frames_form.h"
 
 #include "app/program.h"
 #include "controls/fields.h"
+#include "controls/frames.h"
 
 #include <QComboBox>
 #include <QCompleter>

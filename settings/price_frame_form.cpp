@@ -1,9 +1,10 @@
 // The frame "Kosten" of the tab "Einstellungen".
-#include "settings/settings_frames_form.h"
+#include "settings/price_frame_form.h"
 
 #include "app/program.h"
 #include "controls/calendar.h"
 #include "controls/fields.h"
+#include "controls/frames.h"
 
 #include <QCalendarWidget>
 #include <QCheckBox>

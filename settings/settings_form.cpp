@@ -5,7 +5,8 @@
 #include "app/program.h"
 #include "controls/fields.h"
 #include "controls/stacking.h"
-#include "settings/settings_frames_form.h"
+#include "settings/bank_frames_form.h"
+#include "settings/price_frame_form.h"
 #include "settings/settings_marks_form.h"
 
 #include <QCalendarWidget>

@@ -7,10 +7,7 @@ inline const QString SettingsSavedTitle = QStringLiteral("Hinweis");
 inline const QString SettingsSavedMessage
     = QStringLiteral("Datenänderung ist gespeichert !"); // blank before "!": sic
 
-inline const QString UnsavedMark = QStringLiteral("Nicht gespeichert");
 inline const QString UnsavedTip = QStringLiteral("Diese Eingabe ist noch nicht gespeichert.");
-inline const QString UnsavedMarkTip
-    = QStringLiteral("Hier wurde etwas geändert und noch nicht gespeichert.");
 inline const QString NoDateTip
     = QStringLiteral("Das ist noch kein Datum. Bitte im Kalender darunter einen Tag wählen.");
 inline const QString UnknownContactTip

@@ -1,16 +1,13 @@
-// The frames of the tab "Einstellungen", each built by one routine, and the parts they share.
+// The parts that frames with captions, fields and a button "Speichern" are made of.
 #pragma once
 
 #include <QString>
 
-class QBoxLayout;
 class QGridLayout;
 class QGroupBox;
 class QLabel;
 class QPushButton;
 class QWidget;
-struct Program;
-struct SettingsForm;
 
 inline constexpr int AmountCharacters = 10;
 inline constexpr int DateCharacters = 19; ///< "Bitte aktualisieren"
@@ -19,6 +16,7 @@ inline constexpr int TextCharacters = 30;
 /// A frame whose grid is filled by AddRow.
 QGroupBox* MakeFrame(QWidget* parent, const QString& caption);
 
+/// The grid of a frame that MakeFrame made.
 QGridLayout* GridOf(QGroupBox* frame);
 
 /// A caption and its field as the next row of the grid; returns the caption.
@@ -27,20 +25,9 @@ QLabel* AddRow(QGridLayout* grid, const QString& caption, QWidget* field);
 /// The mark "Nicht gespeichert" (hidden) and the button "Speichern" as the last row of a frame.
 void AddSaveRow(QGridLayout* grid, QLabel* mark, QPushButton* button);
 
+/// The mark "Nicht gespeichert", tinted and hidden; nothing moves when it appears.
 QLabel* MakeMark(QWidget* parent, const QString& name);
 
-/// The accessible name tells the tab's two buttons "Speichern" apart.
+/// The accessible name tells several buttons "Speichern" of a tab apart.
 QPushButton* MakeSaveButton(
     QWidget* parent, const QString& name, const QString& accessible_name, const QString& tool_tip);
-
-struct PriceFrame {
-    QGroupBox* frame = nullptr;
-    QBoxLayout* columns = nullptr; ///< prices and dates, side by side or one below the other
-};
-
-/// Frame "Kosten".
-PriceFrame BuildPriceFrame(SettingsForm& form, QWidget* parent);
-
-/// Frames "Bankverbindung", "Kassenwart" and "Ansprechpartner", and below them the frame of
-/// backup_form.
-QWidget* BuildBankFrames(Program& program, QWidget* parent);

@@ -1,7 +1,6 @@
-#include "settings/settings_frames_form.h"
+#include "controls/frames.h"
 
 #include "controls/fields.h"
-#include "settings/texts.h"
 
 #include <QGridLayout>
 #include <QGroupBox>
@@ -39,11 +38,12 @@ void AddSaveRow(QGridLayout* grid, QLabel* mark, QPushButton* button)
 
 QLabel* MakeMark(QWidget* parent, const QString& name)
 {
-    auto* mark = Named(new QLabel(UnsavedMark, parent), name);
+    auto* mark = Named(new QLabel(QStringLiteral("Nicht gespeichert"), parent), name);
     mark->setBackgroundRole(QPalette::Base);
     mark->setAutoFillBackground(true);
     mark->setMargin(FrameSpacing / 2);
-    Tint(mark, TintKind::Unsaved, UnsavedMarkTip);
+    Tint(mark, TintKind::Unsaved,
+        QStringLiteral("Hier wurde etwas geändert und noch nicht gespeichert."));
     QSizePolicy policy = mark->sizePolicy();
     policy.setRetainSizeWhenHidden(true); // nothing moves when it appears
     mark->setSizePolicy(policy);
