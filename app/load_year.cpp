@@ -46,7 +46,7 @@ namespace {
 /// One step of the sequence: what goes wrong in it is shown, and the next step runs all the same.
 template <typename Routine> void Step(Program& program, Routine routine)
 {
-    Guard(program.Errors, program.Ask, [&] { routine(program); });
+    WithErrorBox(program.Errors, program.Ask, [&] { routine(program); });
 }
 
 /// Both members files, read into fresh lists: when one cannot be read, the lists in memory stay.

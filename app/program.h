@@ -11,8 +11,8 @@
 #include "backup/backup_form.h"
 #include "cashbook/cashbook_form.h"
 #include "controls/controls.h"
+#include "controls/error_box.h"
 #include "controls/events.h"
-#include "controls/guard.h"
 #include "controls/message_boxes.h"
 #include "data/line_file.h"
 #include "members/member_form.h"
@@ -59,28 +59,28 @@ struct Program {
     BackupForm Backup; // the frame "Datensicherung" on the tab "Einstellungen"
 };
 
-/// Connects a control's signal to a handler inside Guard. The handler takes the program, and the
-/// signal's arguments if it wants them. (While Qt looks for the fitting number of arguments it
+/// Connects a control's signal to a handler inside WithErrorBox. The handler takes the program, and
+/// the signal's arguments if it wants them. (While Qt looks for the fitting number of arguments it
 /// tries the lambda with fewer; those are never called.)
 template <typename Sender, typename Signal, typename Handler>
 void On(Program& program, Sender* sender, Signal signal, Handler handler)
 {
     QObject::connect(sender, signal, sender, [&program, handler](auto&&... arguments) {
         if constexpr (std::is_invocable_v<Handler, Program&, decltype(arguments)...>)
-            Guard(program.Errors, program.Ask, [&] { handler(program, arguments...); });
+            WithErrorBox(program.Errors, program.Ask, [&] { handler(program, arguments...); });
         else if constexpr (std::is_invocable_v<Handler, Program&>)
-            Guard(program.Errors, program.Ask, [&] { handler(program); });
+            WithErrorBox(program.Errors, program.Ask, [&] { handler(program); });
     });
 }
 
-/// Runs a handler inside Guard for an event of the watched control. The handler answers true to
-/// swallow the event.
+/// Runs a handler inside WithErrorBox for an event of the watched control. The handler answers true
+/// to swallow the event.
 template <typename Handler>
 void OnEvent(Program& program, QObject* watched, QEvent::Type type, Handler handler)
 {
     HookEvent(watched, type, [&program, handler](QEvent& event) {
         bool swallowed = false;
-        Guard(program.Errors, program.Ask, [&] { swallowed = handler(program, event); });
+        WithErrorBox(program.Errors, program.Ask, [&] { swallowed = handler(program, event); });
         return swallowed;
     });
 }

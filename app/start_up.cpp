@@ -11,7 +11,7 @@ namespace {
 
 template <typename Routine> void Step(Program& program, Routine routine)
 {
-    Guard(program.Errors, program.Ask, [&] { routine(program); });
+    WithErrorBox(program.Errors, program.Ask, [&] { routine(program); });
 }
 
 void TakeTodaysYear(Program& program)
@@ -81,7 +81,7 @@ void ShowMemberZero(Program& program)
 
 void StartUp(Program& program)
 {
-    Guard(program.Errors, program.Ask, [&program] {
+    WithErrorBox(program.Errors, program.Ask, [&program] {
         Step(program, [](Program& p) { FinishRewrites(p.Files); });
         ResetCashBook(program);
         Step(program, ReadClubName);

@@ -133,7 +133,7 @@ bool AskForUnsaved(Program& program)
     bool asked_for_settings = false;
     const auto done = [&program](const auto& question) {
         bool without_error = false;
-        Guard(program.Errors, program.Ask, [&] {
+        WithErrorBox(program.Errors, program.Ask, [&] {
             question();
             without_error = true;
         });

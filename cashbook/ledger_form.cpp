@@ -31,7 +31,7 @@ void ShowHint(Program& program, const QString& text)
 /// A step of a longer action: what goes wrong in it is shown, and the action goes on.
 template <typename Routine> void Step(Program& program, Routine routine)
 {
-    Guard(program.Errors, program.Ask, [&] { routine(program); });
+    WithErrorBox(program.Errors, program.Ask, [&] { routine(program); });
 }
 
 /// The first lines of an account in a year without a file: last year's balance, written at once, or

@@ -26,7 +26,7 @@ enum LedgerColumn { DateColumn, TextColumn, DepositColumn, WithdrawalColumn, Bal
 /// A step of a longer action: what goes wrong in it is shown, and the action goes on.
 template <typename Routine> void Step(Program& program, Routine routine)
 {
-    Guard(program.Errors, program.Ask, [&] { routine(program); });
+    WithErrorBox(program.Errors, program.Ask, [&] { routine(program); });
 }
 
 void LoadPending(Program& program)

@@ -8,5 +8,5 @@
 
 /// Calls the routine for every event of that type that watched gets; true swallows the event. The
 /// hook lives as long as the watched object. Handlers of the program go through OnEvent in
-/// app/program.h, which guards them.
+/// app/program.h, which shows what they throw.
 void HookEvent(QObject* watched, QEvent::Type type, std::function<bool(QEvent&)> routine);

@@ -1,5 +1,5 @@
 // The one kind of error that plain routines throw, and the German sentence that tells the treasurer
-// where it happened and what helps. Showing it is the business of controls/guard.
+// where it happened and what helps. Showing it is the business of controls/error_box.
 #pragma once
 
 #include <QString>

@@ -119,7 +119,7 @@ void ReloadAfterWriting(Program& program)
     program.Member.CurrentMember = -1;
     program.Year.LoadedYear = program.Year.YearText; // the lists are that year's file now
     RebuildStatementPages(program);
-    Guard(program.Errors, program.Ask, [&program] { LoadYear(program); });
+    WithErrorBox(program.Errors, program.Ask, [&program] { LoadYear(program); });
     if (program.Member.CurrentMember >= 0)
         return;
     program.Member.CurrentMember

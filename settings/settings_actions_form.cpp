@@ -122,8 +122,8 @@ void TellSaved(Program& program)
 
 void LoadSettings(Program& program)
 {
-    Guard(program.Errors, program.Ask, [&program] { LoadPrices(program); });
-    Guard(program.Errors, program.Ask, [&program] { LoadBank(program); });
+    WithErrorBox(program.Errors, program.Ask, [&program] { LoadPrices(program); });
+    WithErrorBox(program.Errors, program.Ask, [&program] { LoadBank(program); });
     ShowAccountTitle(program); // it names the bank
     ShowSettingsMarks(program);
 }

@@ -1,5 +1,5 @@
 // Message boxes and the single error box.
-#include "controls/guard.h"
+#include "controls/error_box.h"
 #include "controls/message_boxes.h"
 
 #include <QApplication>
@@ -110,21 +110,21 @@ private Q_SLOTS:
         const RuntimeError error { ErrorKind::TypeMismatch, {}, {} };
         AskRoutine ask = [&](const MessageBox& box) {
             shown += box;
-            Guard(state, ask, [] {
+            WithErrorBox(state, ask, [] {
                 throw RuntimeError { ErrorKind::Overflow, {}, {} };
             }); // while a box is open
             return BoxAnswer::Ok;
         };
-        Guard(state, ask, [&] {
+        WithErrorBox(state, ask, [&] {
             ReportError(state, ask, error);
-            Guard(state, ask, [&] { throw error; });
+            WithErrorBox(state, ask, [&] { throw error; });
             throw error;
         });
         QCOMPARE(shown.size(), 1);
         QCOMPARE(shown.first().title, QStringLiteral("Kleingarten Parzello"));
         QCOMPARE(shown.first().icon, BoxIcon::Error);
         QCOMPARE(shown.first().text, QStringLiteral("Laufzeitfehler 13: Typen unverträglich"));
-        Guard(state, ask, [&] { throw error; });
+        WithErrorBox(state, ask, [&] { throw error; });
         QCOMPARE(shown.size(), 2);
         QCOMPARE(state.Depth, 0);
     }
@@ -137,7 +137,7 @@ private Q_SLOTS:
             shown += box;
             return BoxAnswer::Ok;
         };
-        Guard(state, ask, [] { throw std::bad_alloc(); });
+        WithErrorBox(state, ask, [] { throw std::bad_alloc(); });
         QCOMPARE(shown.size(), 1);
         QCOMPARE(shown.first().text, QStringLiteral("Nicht genügend Hauptspeicher verfügbar"));
     }

@@ -278,7 +278,7 @@ private Q_SLOTS:
         for (int i = 0; i < 32768; ++i)
             many += "a;b\r\n";
         club.Write(QStringLiteral("Mitgliedsdaten2017.pz"), many);
-        Guard(club.program.Errors, club.program.Ask, [&] { LoadYear(club.program); });
+        WithErrorBox(club.program.Errors, club.program.Ask, [&] { LoadYear(club.program); });
         QCOMPARE(club.BoxTexts(),
             QStringList { QStringLiteral("Kleingarten Parzello: Laufzeitfehler 6: Überlauf") });
         QCOMPARE(Names(club), names);

@@ -410,7 +410,7 @@ void TestStatementForm::a_bad_member_is_reported_once_and_the_caller_goes_on()
     tab.Boxes.clear();
     tab.program.Prices.Lease = u"0.08"_s;
     bool went_on = false;
-    Guard(tab.program.Errors, tab.program.Ask, [&] {
+    WithErrorBox(tab.program.Errors, tab.program.Ask, [&] {
         RebuildStatementPages(tab.program);
         DrawStatementPages(tab.program); // as when a year is loaded: twice in one action
         went_on = true;
@@ -422,7 +422,7 @@ void TestStatementForm::a_bad_member_is_reported_once_and_the_caller_goes_on()
                  " (dort steht „0.08“): "_s),
         qPrintable(tab.Boxes[0]));
     QCOMPARE(tab.program.Statement.StatementTotals, QStringList());
-    Guard(tab.program.Errors, tab.program.Ask, [&] { DrawStatementPages(tab.program); });
+    WithErrorBox(tab.program.Errors, tab.program.Ask, [&] { DrawStatementPages(tab.program); });
     QCOMPARE(tab.Boxes.size(), 2); // a new action
 }
 
@@ -431,13 +431,13 @@ void TestStatementForm::an_error_names_the_files_of_the_loaded_year()
     StatementTab tab(YearOf(u"ordinary-year"_s));
     tab.program.Year.YearText = u"2016"_s; // the year box went back, nothing was loaded
     tab.program.Members.RecordList[1] = u"kurz;Carl"_s;
-    Guard(tab.program.Errors, tab.program.Ask, [&] { DrawStatementPages(tab.program); });
+    WithErrorBox(tab.program.Errors, tab.program.Ask, [&] { DrawStatementPages(tab.program); });
     QCOMPARE(tab.Boxes.size(), 1);
     QVERIFY2(tab.Boxes[0].contains(u"Datei „Mitgliedsdaten2017.pz“, Zeile 2"_s),
         qPrintable(tab.Boxes[0]));
     tab.program.Members.RecordList[1] = tab.program.Members.RecordList[0];
     tab.program.Members.PreviousYearList.resize(1);
-    Guard(tab.program.Errors, tab.program.Ask, [&] { DrawStatementPages(tab.program); });
+    WithErrorBox(tab.program.Errors, tab.program.Ask, [&] { DrawStatementPages(tab.program); });
     QCOMPARE(tab.Boxes.size(), 2);
     QVERIFY2(tab.Boxes[1].contains(u"Datei „Mitgliedsdaten2016.pz“, Zeile 2"_s),
         qPrintable(tab.Boxes[1]));

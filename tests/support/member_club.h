@@ -28,7 +28,7 @@ struct MemberClub : TestClub {
         program.Window.Window->activateWindow(); // keys of a window work only in front
         if (!QTest::qWaitForWindowActive(program.Window.Window))
             qFatal("the window does not become active");
-        Guard(program.Errors, program.Ask, [this] {
+        WithErrorBox(program.Errors, program.Ask, [this] {
             program.Member.CurrentMember = 0; // as start-up does
             ShowMember(program);
             LoadYear(program);

@@ -25,7 +25,7 @@ StatementTab::StatementTab(const ExampleYear& example)
         return false;
     };
     BuildStatementTab(program, &Tab);
-    Guard(program.Errors, program.Ask, [this] { RebuildStatementPages(program); });
+    WithErrorBox(program.Errors, program.Ask, [this] { RebuildStatementPages(program); });
 }
 
 void StatementTab::Show(int width, int height)

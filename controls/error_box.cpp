@@ -1,4 +1,4 @@
-#include "controls/guard.h"
+#include "controls/error_box.h"
 
 #include <cerrno>
 #include <exception>
@@ -34,7 +34,7 @@ void ReportError(ErrorBoxState& state, const AskRoutine& ask, const RuntimeError
     ShowOnce(state, ask, ErrorBox(error));
 }
 
-void Guard(ErrorBoxState& state, const AskRoutine& ask, const std::function<void()>& handler)
+void WithErrorBox(ErrorBoxState& state, const AskRoutine& ask, const std::function<void()>& handler)
 {
     if (state.Depth == 0)
         state.ShownInThisAction.clear();

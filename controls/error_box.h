@@ -1,5 +1,5 @@
-// The single catch and the single error box. Every handler runs inside Guard; no exception leaves
-// an event handler.
+// The error box. Every handler runs inside WithErrorBox, so that no exception leaves an event
+// handler.
 #pragma once
 
 #include "controls/message_boxes.h"
@@ -16,7 +16,7 @@
 struct ErrorBoxState {
     bool Showing = false;
     QStringList ShownInThisAction; ///< the same text at most once per user action
-    int Depth = 0; ///< nesting of guarded handlers; 0 between user actions
+    int Depth = 0; ///< nesting of handlers; 0 between user actions
 };
 
 /// The box for an error: title "Kleingarten Parzello", error icon, headline and sentence.
@@ -27,4 +27,5 @@ void ReportError(ErrorBoxState& state, const AskRoutine& ask, const RuntimeError
 
 /// Runs the handler and reports what it throws. std::bad_alloc and other exceptions are reported as
 /// well.
-void Guard(ErrorBoxState& state, const AskRoutine& ask, const std::function<void()>& handler);
+void WithErrorBox(
+    ErrorBoxState& state, const AskRoutine& ask, const std::function<void()>& handler);
