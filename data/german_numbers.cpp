@@ -132,10 +132,14 @@ ParsedSingle Narrowed(const ParsedDouble& number)
 
 } // namespace
 
+std::optional<std::string> DigitsOfNumber(const QString& text)
+{
+    return PlainNumber(WithoutEuroSign(WithoutBlanks(QStringView(text))));
+}
+
 ParsedDouble ParseDouble(const QString& text)
 {
-    const std::optional<std::string> number
-        = PlainNumber(WithoutEuroSign(WithoutBlanks(QStringView(text))));
+    const std::optional<std::string> number = DigitsOfNumber(text);
     if (!number)
         return {};
     const bool too_small = number->find_first_of("123456789") > number->find('.');

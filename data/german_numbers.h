@@ -7,6 +7,9 @@
 
 #include <QString>
 
+#include <optional>
+#include <string>
+
 enum class NumberOutcome { Ok, TypeMismatch, Overflow };
 
 struct ParsedDouble {
@@ -29,6 +32,11 @@ ParsedSingle ParseSingle(const QString& text);
 
 /// True when the text is a number (the empty text is none).
 bool IsNumber(const QString& text);
+
+/// The digits of a typed number as they stand there, for sums that must not be rounded: a "-" when
+/// negative, at least one digit, a point, any number of decimals ("-1.193,5" gives "-01193.5").
+/// Reads exactly what ParseDouble reads; nothing when the text is no number.
+std::optional<std::string> DigitsOfNumber(const QString& text);
 
 /// The number in the text; throws RuntimeError (TypeMismatch or Overflow) with the given place when
 /// there is none.
