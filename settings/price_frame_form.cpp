@@ -16,29 +16,13 @@
 
 namespace {
 
-struct PriceCaption {
-    QString caption;
-    QString unit;
-};
-
-const std::array<PriceCaption, PriceCount> price_captions { {
-    { QStringLiteral("Stromkosten pro KWh Mitglieder"), QStringLiteral("Euro je Kilowattstunde") },
-    { QStringLiteral("Wasserkosten pro m³"), QStringLiteral("Euro je Kubikmeter") },
-    { QStringLiteral("Energiepauschale"), QStringLiteral("Euro") },
-    { QStringLiteral("Mitgliedsbeitrag"), QStringLiteral("Euro") },
-    { QStringLiteral("Pacht pro m²"), QStringLiteral("Euro je Quadratmeter") },
-    { QStringLiteral("Grundsteuern (GS)A "), QStringLiteral("Euro je Quadratmeter") }, // sic
-    { QStringLiteral("Flächenbeitrag"), QStringLiteral("Euro je Quadratmeter") },
-    { QStringLiteral("Reparaturumlage"), QStringLiteral("Euro") },
-} };
-
 QLineEdit* MakePriceField(QWidget* parent, std::size_t index)
 {
-    const PriceCaption& price = price_captions[index];
+    const PriceRow& price = PriceTable().at(index);
     QLineEdit* field = MakeField(
-        parent, FieldKind::Amount, AmountCharacters, price.caption.trimmed(), price.unit);
+        parent, FieldKind::Amount, AmountCharacters, price.Caption.trimmed(), price.Unit);
     field->setMaximumWidth(field->minimumWidth());
-    field->setToolTip(price.unit);
+    field->setToolTip(price.Unit);
     return Named(field, QStringLiteral("Text4"), static_cast<int>(index));
 }
 
@@ -56,7 +40,7 @@ QGridLayout* BuildPriceColumn(SettingsForm& form, QWidget* frame)
     grid->setSpacing(FrameSpacing);
     for (std::size_t i = 0; i < PriceCount; ++i) {
         form.Text4[i] = MakePriceField(frame, i);
-        AddRow(grid, price_captions[i].caption, form.Text4[i]);
+        AddRow(grid, PriceTable().at(i).Caption, form.Text4[i]);
     }
     form.Text4[PriceCount - 1]->setToolTip(
         QStringLiteral("Euro. Wird gespeichert und in das nächste Jahr übernommen, aber nicht "

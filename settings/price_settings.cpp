@@ -6,41 +6,40 @@
 
 #include <array>
 
-namespace {
+using namespace Qt::StringLiterals;
 
-using TextMember = QString PriceSettings::*;
+namespace {
 
 /// A text of the prices and the key under which it is stored.
 struct KeyedText {
-    TextMember text;
+    QString PriceSettings::*text;
     QString key;
 };
 
-const std::array<TextMember, PriceCount + 1> price_fields { &PriceSettings::ElectricityPrice,
-    &PriceSettings::WaterPrice, &PriceSettings::FlatEnergyCharge, &PriceSettings::MembershipFee,
-    &PriceSettings::Lease, &PriceSettings::PropertyTax, &PriceSettings::AreaContribution,
-    &PriceSettings::RepairLevy, &PriceSettings::PaymentDeadline };
-
-const KeyedText repair_levy { &PriceSettings::RepairLevy, QStringLiteral("RepUmlage") };
-
-const std::array<KeyedText, 7> prices_charged { {
-    { &PriceSettings::ElectricityPrice, QStringLiteral("Stromkosten") },
-    { &PriceSettings::WaterPrice, QStringLiteral("Wasserkosten") },
-    { &PriceSettings::FlatEnergyCharge, QStringLiteral("Energiepauschale") },
-    { &PriceSettings::MembershipFee, QStringLiteral("Beitrag") },
-    { &PriceSettings::Lease, QStringLiteral("Pacht") },
-    { &PriceSettings::PropertyTax, QStringLiteral("Steuer") },
-    { &PriceSettings::AreaContribution, QStringLiteral("Fläche") },
-} };
-
 const std::array<KeyedText, 2> dates { {
-    { &PriceSettings::BillingDate, QStringLiteral("Abrechnungsdatum") },
-    { &PriceSettings::PaymentDeadline, QStringLiteral("Überweisdatum") },
+    { &PriceSettings::BillingDate, u"Abrechnungsdatum"_s },
+    { &PriceSettings::PaymentDeadline, u"Überweisdatum"_s },
 } };
 
-const QString electricity_prepayment_key = QStringLiteral("Vorauszahlung Strom");
-const QString water_prepayment_key = QStringLiteral("Vorauszahlung Wasser");
-const QString no_amount = QStringLiteral("0,00");
+KeyedText KeyedPrice(std::size_t field)
+{
+    return { PriceTable().at(field).Text, PriceTable().at(field).Key };
+}
+
+std::array<KeyedText, 1> RepairLevy() { return { KeyedPrice(RepairLevyField) }; }
+
+/// All prices but the repair levy, which is stored in front of them and at other times.
+std::array<KeyedText, RepairLevyField> PricesCharged()
+{
+    std::array<KeyedText, RepairLevyField> texts;
+    for (std::size_t field = 0; field < texts.size(); ++field)
+        texts.at(field) = KeyedPrice(field);
+    return texts;
+}
+
+const QString electricity_prepayment_key = u"Vorauszahlung Strom"_s;
+const QString water_prepayment_key = u"Vorauszahlung Wasser"_s;
+const QString no_amount = u"0,00"_s;
 
 /// Reads these texts from one section.
 template <typename KeyedTexts>
@@ -58,21 +57,21 @@ void ReadTexts(
 qint16 ReadFlag(const DataFiles& files, const QString& section, const QString& key)
 {
     const QString stored = ReadIni(files, section, key, PriceSettingsFile);
-    return stored == QStringLiteral("1") ? 1 : 0; // "-1" is no yes either
+    return stored == u"1"_s ? 1 : 0; // "-1" is no yes either
 }
 
 void ReadPreviousPrices(PriceSettings& prices, const DataFiles& files, const QString& last_year)
 {
     PriceSettings previous;
-    ReadTexts(previous, files, last_year, prices_charged);
+    ReadTexts(previous, files, last_year, PricesCharged());
     prices.PreviousElectricityPrice = previous.ElectricityPrice;
     prices.PreviousWaterPrice = previous.WaterPrice;
 }
 
 void CarryOver(PriceSettings& prices, const DataFiles& files, const QString& last_year)
 {
-    ReadTexts(prices, files, last_year, std::array { repair_levy });
-    ReadTexts(prices, files, last_year, prices_charged);
+    ReadTexts(prices, files, last_year, RepairLevy());
+    ReadTexts(prices, files, last_year, PricesCharged());
     prices.BillingDate = DateToUpdate;
     prices.PaymentDeadline = DateToUpdate;
 }
@@ -80,8 +79,8 @@ void CarryOver(PriceSettings& prices, const DataFiles& files, const QString& las
 PriceSettings WithoutFile(const PriceSettings& shown)
 {
     PriceSettings prices;
-    for (const TextMember field : price_fields)
-        prices.*field = no_amount;
+    for (std::size_t field = 0; field <= DeadlineField; ++field)
+        PriceText(prices, field) = no_amount;
     prices.BillingDate = shown.BillingDate;
     return prices;
 }
@@ -95,14 +94,34 @@ void AddEntries(QVector<IniEntry>& entries, const PriceSettings& prices, const K
 
 } // namespace
 
+const std::array<PriceRow, PriceCount>& PriceTable()
+{
+    static const std::array<PriceRow, PriceCount> table { {
+        { &PriceSettings::ElectricityPrice, u"Stromkosten"_s, u"Stromkosten pro KWh Mitglieder"_s,
+            u"Euro je Kilowattstunde"_s },
+        { &PriceSettings::WaterPrice, u"Wasserkosten"_s, u"Wasserkosten pro m³"_s,
+            u"Euro je Kubikmeter"_s },
+        { &PriceSettings::FlatEnergyCharge, u"Energiepauschale"_s, u"Energiepauschale"_s,
+            u"Euro"_s },
+        { &PriceSettings::MembershipFee, u"Beitrag"_s, u"Mitgliedsbeitrag"_s, u"Euro"_s },
+        { &PriceSettings::Lease, u"Pacht"_s, u"Pacht pro m²"_s, u"Euro je Quadratmeter"_s },
+        { &PriceSettings::PropertyTax, u"Steuer"_s, u"Grundsteuern (GS)A "_s, // sic
+            u"Euro je Quadratmeter"_s },
+        { &PriceSettings::AreaContribution, u"Fläche"_s, u"Flächenbeitrag"_s,
+            u"Euro je Quadratmeter"_s },
+        { &PriceSettings::RepairLevy, u"RepUmlage"_s, u"Reparaturumlage"_s, u"Euro"_s },
+    } };
+    return table;
+}
+
 QString& PriceText(PriceSettings& prices, std::size_t index)
 {
-    return prices.*price_fields.at(index);
+    return index == DeadlineField ? prices.PaymentDeadline : prices.*PriceTable().at(index).Text;
 }
 
 const QString& PriceText(const PriceSettings& prices, std::size_t index)
 {
-    return prices.*price_fields.at(index);
+    return index == DeadlineField ? prices.PaymentDeadline : prices.*PriceTable().at(index).Text;
 }
 
 LoadedPrices ReadPrices(
@@ -114,7 +133,7 @@ LoadedPrices ReadPrices(
     LoadedPrices loaded;
     PriceSettings& prices = loaded.Prices;
     prices.RepairLevy = shown.RepairLevy;
-    ReadTexts(prices, files, year_text, prices_charged);
+    ReadTexts(prices, files, year_text, PricesCharged());
     ReadTexts(prices, files, year_text, dates);
     prices.ElectricityPrepayment = ReadFlag(files, year_text, electricity_prepayment_key);
     prices.WaterPrepayment = ReadFlag(files, year_text, water_prepayment_key);
@@ -129,7 +148,7 @@ LoadedPrices ReadPrices(
 void WriteCarriedOver(const DataFiles& files, const QString& year_text, const PriceSettings& prices)
 {
     QVector<IniEntry> entries;
-    AddEntries(entries, prices, prices_charged);
+    AddEntries(entries, prices, PricesCharged());
     AddEntries(entries, prices, dates);
     WriteIniValues(files, year_text, entries, PriceSettingsFile);
 }
@@ -137,8 +156,8 @@ void WriteCarriedOver(const DataFiles& files, const QString& year_text, const Pr
 void WritePrices(const DataFiles& files, const QString& year_text, const PriceSettings& prices)
 {
     QVector<IniEntry> entries;
-    AddEntries(entries, prices, std::array { repair_levy });
-    AddEntries(entries, prices, prices_charged);
+    AddEntries(entries, prices, RepairLevy());
+    AddEntries(entries, prices, PricesCharged());
     AddEntries(entries, prices, dates);
     entries
         += IniEntry { electricity_prepayment_key, QString::number(prices.ElectricityPrepayment) };

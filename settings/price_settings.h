@@ -6,6 +6,7 @@
 
 #include <QString>
 
+#include <array>
 #include <cstddef>
 
 /// The prices of the loaded year; texts as typed. Text4(0) to Text4(6), in this order, are the
@@ -27,8 +28,30 @@ struct PriceSettings {
     QString PreviousWaterPrice; ///< last year's "Wasserkosten"
 };
 
-inline constexpr std::size_t PriceCount = 8; ///< Text4(0) to Text4(7)
-inline constexpr std::size_t DeadlineField = 8; ///< Text4(8)
+/// The prices in the order of their fields Text4(0) to Text4(7), and the field behind them.
+enum PriceField : std::size_t {
+    ElectricityPriceField = 0,
+    WaterPriceField,
+    FlatEnergyChargeField,
+    MembershipFeeField,
+    LeaseField,
+    PropertyTaxField,
+    AreaContributionField,
+    RepairLevyField,
+    PriceCount,
+    DeadlineField = PriceCount ///< Text4(8): the payment deadline
+};
+
+/// What belongs to one price.
+struct PriceRow {
+    QString PriceSettings::*Text;
+    QString Key; ///< in "\Config.ini"
+    QString Caption; ///< as it stands beside the field, a blank at its end included
+    QString Unit; ///< "Euro je Kubikmeter"
+};
+
+/// One row for each price, Text4(0) to Text4(7).
+const std::array<PriceRow, PriceCount>& PriceTable();
 
 /// Both dates of a new year read so until they are picked.
 inline const QString DateToUpdate = QStringLiteral("Bitte aktualisieren");

@@ -5,8 +5,7 @@
 #include "data/line_file.h"
 #include "data/records.h"
 #include "members/member_editing.h"
-
-#include <QHash>
+#include "settings/price_settings.h"
 
 using namespace Qt::StringLiterals;
 
@@ -29,16 +28,11 @@ Place PreviousPlace(const BillSource& source, qsizetype member)
 /// Caption on the tab "Einstellungen" of a price with that key.
 QString PriceCaption(const QString& key)
 {
-    static const QHash<QString, QString> captions {
-        { u"Stromkosten"_s, u"Stromkosten pro KWh Mitglieder"_s },
-        { u"Wasserkosten"_s, u"Wasserkosten pro m³"_s },
-        { u"Energiepauschale"_s, u"Energiepauschale"_s },
-        { u"Beitrag"_s, u"Mitgliedsbeitrag"_s },
-        { u"Pacht"_s, u"Pacht pro m²"_s },
-        { u"Steuer"_s, u"Grundsteuern (GS)A"_s },
-        { u"Fläche"_s, u"Flächenbeitrag"_s },
-    };
-    return captions.value(key, key);
+    for (const PriceRow& price : PriceTable()) {
+        if (price.Key == key)
+            return price.Caption.trimmed();
+    }
+    return key;
 }
 
 QString EnterNumber(const QString& example)
