@@ -165,6 +165,15 @@ void CheckContact(const QString& setting, const BillSource& source)
     }
 }
 
+/// A line for every item; a member behind the one at whom the drawing stopped has none.
+void CheckMemberPart(
+    const StatementState& statement, qsizetype page, qsizetype drawn, bool by_contact)
+{
+    const PageItems items = ContentsOfPage(statement, page).member;
+    Require(DescribePage(items).size() == static_cast<qsizetype>(items.size()), "a line an item");
+    Require(items.empty() || (page <= drawn && !by_contact), "nothing behind the stop");
+}
+
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
@@ -186,7 +195,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     }
     const qsizetype drawn = statement.StatementTotals.size();
     const qsizetype members = source.Members.RecordList.size();
-    Require(statement.MemberContents.size() == static_cast<std::size_t>(members), "a page each");
+    Require(PageCount(statement) == members, "a page each");
     Require(failed ? drawn < members : drawn == members, "a total each", detail);
     for (qsizetype member = 0; member < drawn; ++member) {
         float total = 0.0F;
@@ -196,8 +205,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         } catch (const NoBill&) {
             Require(false, "a bill that cannot be reckoned is an error", detail);
         }
-        const QStringList texts
-            = TextsOf(statement.MemberContents[static_cast<std::size_t>(member)]);
+        const QStringList texts = TextsOf(ContentsOfPage(statement, member).member);
         Require(texts == expected, "the same texts",
             texts.join(u" | "_s) + u'\n' + expected.join(u" | "_s));
         Require(statement.StatementTotals[member] == TextOfSingle(total), "the same total", detail);
@@ -212,9 +220,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         }
     }
     for (qsizetype page = 0; page < members; ++page)
-        Require(DescribePage(*ContentsOfPage(statement, page).member).size()
-                == static_cast<qsizetype>(
-                    statement.MemberContents[static_cast<std::size_t>(page)].size()),
-            "a line for every item");
+        CheckMemberPart(statement, page, drawn, by_contact);
     return 0;
 }

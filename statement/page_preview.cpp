@@ -55,7 +55,7 @@ void PageSurface::paintEvent(QPaintEvent*)
     painter.scale(1.0 / scale, 1.0 / scale);
     const PageContents contents = m_contents();
     Play(painter, contents.fixed, scale);
-    Play(painter, contents.member, scale);
+    Play(painter, &contents.member, scale);
 }
 
 PageViewport::PageViewport(QWidget* parent, QScrollBar* scroll_bar)

@@ -78,7 +78,7 @@ void FitScrollBar(Program& program)
 void ShowWhatWillBePrinted(Program& program)
 {
     const StatementForm& form = program.Preview;
-    const auto pages = static_cast<qsizetype>(program.Statement.MemberContents.size());
+    const qsizetype pages = PageCount(program.Statement);
     const auto range = RangeToPrint(form.Text8From->text(), form.Text8To->text(), pages);
     TintKind tint = TintKind::None;
     QString reason;
@@ -356,7 +356,7 @@ void PrintStatements(Program& program) // Command6
     printer.setDuplex(QPrinter::DuplexNone); // one sheet per bill, unless the dialog says otherwise
     if (!form.ShowPrintDialog(printer))
         return;
-    const auto pages = static_cast<qsizetype>(program.Statement.MemberContents.size());
+    const qsizetype pages = PageCount(program.Statement);
     const auto range = RangeToPrint(form.Text8From->text(), form.Text8To->text(), pages);
     if (!range)
         return; // nothing is printed, and nothing is said

@@ -3,19 +3,48 @@
 #include "statement/bill_amounts.h"
 #include "statement/page_layout.h"
 
+namespace {
+
+void DrawAmounts(StatementState& statement)
+{
+    statement.PageSelection.clear();
+    const BillSource& source = statement.Source;
+    const PriceNumbers prices = ReadPriceNumbers(source.Prices);
+    for (qsizetype member = 0; member < source.Members.RecordList.size(); ++member) {
+        const AnnualStatement bill = ComputeStatement(source, prices, member);
+        statement.MemberPages = member + 1;
+        if (bill.stopped)
+            throw RuntimeError { *bill.stopped };
+        statement.LastGrandTotal = *bill.total;
+        statement.StatementTotals += TotalText(*bill.total);
+    }
+}
+
+} // namespace
+
 void DrawAllPages(StatementState& statement, const BillSource& source)
 {
-    const auto pages = static_cast<std::size_t>(source.Members.RecordList.size());
+    statement.Source = source;
     statement.FixedContents.clear();
     statement.FixedPages = 0;
-    statement.MemberContents.assign(pages, {});
-    if (pages > 0) {
+    statement.MemberPages = 0;
+    if (PageCount(statement) > 0) {
         // The drawing goes page by page: when it fails, only the page in hand shows something.
         statement.FixedPages = 1;
         DrawFixedContents(statement.FixedContents, source);
-        statement.FixedPages = source.Members.RecordList.size();
+        statement.FixedPages = PageCount(statement);
     }
-    DrawStatementAmounts(statement, source);
+    DrawAmounts(statement);
+}
+
+qsizetype PageCount(const StatementState& statement)
+{
+    return statement.Source.Members.RecordList.size();
+}
+
+AnnualStatement StatementOfPage(const StatementState& statement, qsizetype index)
+{
+    return ComputeStatement(statement.Source, index);
 }
 
 PageContents ContentsOfPage(const StatementState& statement, qsizetype index)
@@ -23,8 +52,8 @@ PageContents ContentsOfPage(const StatementState& statement, qsizetype index)
     PageContents contents;
     if (index >= 0 && index < statement.FixedPages)
         contents.fixed = &statement.FixedContents;
-    if (index >= 0 && index < static_cast<qsizetype>(statement.MemberContents.size()))
-        contents.member = &statement.MemberContents[static_cast<std::size_t>(index)];
+    if (index >= 0 && index < statement.MemberPages)
+        DrawStatement(contents.member, StatementOfPage(statement, index));
     return contents;
 }
 

@@ -1,20 +1,30 @@
-// Drawing all bills of the year: fixed contents first, then each member's part. Pages are lists of
-// items (page.h); nothing is painted here.
+// Drawing all bills of the year: the fixed contents, then each member's computed bill. A page's
+// items (page.h) are made when the page is seen or printed; nothing is painted here.
 #pragma once
 
+#include "statement/annual_statement.h"
 #include "statement/bill_source.h"
 #include "statement/statement_state.h"
 
-/// Clears every page and draws it anew: the fixed contents of all pages, then all amounts. Appends
-/// to the totals list, which the caller clears before. Throws RuntimeError where the drawing stops:
-/// pages finished by then stay complete, later ones keep the fixed contents alone.
+/// Draws every page anew: the fixed contents of all pages, then all amounts. Appends each finished
+/// bill's total to the totals list, which the caller clears before. Throws RuntimeError where the
+/// drawing stops: pages finished by then stay complete, the one in hand shows what it had, later
+/// ones keep the fixed contents alone.
 void DrawAllPages(StatementState& statement, const BillSource& source);
 
-/// What stands on page index (0 is the first page): the fixed contents and the member's part, each
-/// null when the page lacks it. The lists belong to the statement.
+/// The number of pages that were drawn last, one for each member.
+qsizetype PageCount(const StatementState& statement);
+
+/// The bill on page index (0 to PageCount - 1, the member's position): what it was drawn from,
+/// whether or not the drawing came so far. Computed at each call; the bills of the loaded year are
+/// those of all pages.
+AnnualStatement StatementOfPage(const StatementState& statement, qsizetype index);
+
+/// What stands on page index (0 is the first page): the fixed contents, null when the page lacks
+/// them, and the member's part.
 struct PageContents {
-    const PageItems* fixed = nullptr;
-    const PageItems* member = nullptr;
+    const PageItems* fixed = nullptr; ///< belongs to the statement
+    PageItems member; ///< made for this call; empty when the page lacks it
 };
 PageContents ContentsOfPage(const StatementState& statement, qsizetype index);
 

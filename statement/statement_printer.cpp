@@ -88,7 +88,7 @@ void PaintPage(Run& run, qsizetype index, double left, double top, double width,
     run.painter.save();
     run.painter.translate(left, top);
     run.painter.setClipRect(QRectF(0, 0, width, height)); // a page ends at its edge
-    for (const PageItems* items : { contents.fixed, contents.member }) {
+    for (const PageItems* items : { contents.fixed, &contents.member }) {
         if (items != nullptr)
             PlayPage(run.painter, *items, width / PageWidth);
     }
@@ -164,7 +164,7 @@ PrintJob JobFor(const StatementState& statement, const PageRange& range)
     PrintJob job;
     job.picture = PictureSize { PageWidth * himetric_per_inch / page_dots_per_inch,
         PageHeight * himetric_per_inch / page_dots_per_inch };
-    job.surfaces = static_cast<qsizetype>(statement.MemberContents.size());
+    job.surfaces = PageCount(statement);
     job.page_selection = statement.PageSelection;
     job.first = range.first;
     job.last = range.last;

@@ -1,6 +1,7 @@
-// The pages of the loaded year as data and where the preview stands.
+// The drawn pages of the loaded year and where the preview stands.
 #pragma once
 
+#include "statement/bill_source.h"
 #include "statement/page.h"
 
 #include <QString>
@@ -9,9 +10,11 @@
 #include <vector>
 
 struct StatementState {
+    BillSource Source; ///< what the drawn pages are made of, as it stood when they were drawn
     PageItems FixedContents; ///< the same on every page; recorded once per redraw
     qsizetype FixedPages = 0; ///< so many pages, from the first on, carry the fixed contents
-    std::vector<PageItems> MemberContents; ///< one list per member, in member order
+    qsizetype MemberPages = 0; ///< so many pages, from the first on, carry the member's part; the
+                               ///< last one an unfinished part when the drawing stopped there
     QStringList StatementTotals; ///< List7: total of each drawn member as text of a single
     float LastGrandTotal = 0.0F; ///< single precision
     QString PageSelection; ///< flags joined with ";"; always empty when printing starts

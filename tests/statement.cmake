@@ -2,6 +2,7 @@
 parzello_test(test_page LIBRARIES statement)
 parzello_test(test_contacts LIBRARIES bill_test_support)
 parzello_test(test_page_layout LIBRARIES bill_test_support)
+parzello_test(test_annual_statement LIBRARIES bill_test_support)
 parzello_test(test_bill_amounts LIBRARIES bill_test_support)
 parzello_test(test_example_bills LIBRARIES bill_test_support)
 add_test(NAME check_bills

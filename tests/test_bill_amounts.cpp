@@ -39,7 +39,7 @@ Drawn Draw(const BillSource& source)
     } catch (const RuntimeError& error) {
         drawn.error = error;
     }
-    for (const QString& line : DescribePage(drawn.statement.MemberContents.at(0))) {
+    for (const QString& line : DescribePage(ContentsOfPage(drawn.statement, 0).member)) {
         const QStringList cells = line.split(u'\t');
         drawn.texts[cells[1]] = cells[2];
         drawn.elements += cells[1];
@@ -122,7 +122,7 @@ void TestBillAmounts::every_amount_has_its_place_in_drawing_order()
         u"row_16b_amount right 538 572"_s, u"row_17_subtotal right 618 584"_s,
         u"row_18_total right 618 608"_s };
     QStringList seen;
-    for (const QString& line : DescribePage(drawn.statement.MemberContents[0])) {
+    for (const QString& line : DescribePage(ContentsOfPage(drawn.statement, 0).member)) {
         const QStringList cells = line.split(u'\t');
         seen += (QStringList { cells[1] } + cells.mid(3, 3)).join(u' ');
     }
@@ -443,7 +443,7 @@ void TestBillAmounts::everything_per_member_is_small_regular_and_black()
 {
     const Drawn drawn = DrawRecord(Record(readings), Record(readings));
     QCOMPARE(drawn.elements.size(), 27);
-    for (const QString& line : DescribePage(drawn.statement.MemberContents[0]))
+    for (const QString& line : DescribePage(ContentsOfPage(drawn.statement, 0).member))
         QVERIFY2(line.endsWith(u"\t8\t0\t0,0,0"_s), qPrintable(line));
 }
 
@@ -487,7 +487,7 @@ void TestBillAmounts::a_member_without_line_last_year_stops_the_drawing()
     QCOMPARE(drawn.elements.size(), 27);
     QCOMPARE(drawn.statement.StatementTotals.size(), 1);
     for (std::size_t page : { 1U, 2U }) {
-        QVERIFY(drawn.statement.MemberContents[page].empty());
+        QVERIFY(ContentsOfPage(drawn.statement, qsizetype(page)).member.empty());
         QVERIFY(ContentsOfPage(drawn.statement, qsizetype(page)).fixed != nullptr);
     }
 }
@@ -642,8 +642,8 @@ void TestBillAmounts::the_drawing_stops_and_earlier_members_stay_complete()
     QVERIFY(drawn.error);
     QCOMPARE(drawn.error->where.line, 2);
     QCOMPARE(drawn.elements.size(), 27);
-    QCOMPARE(drawn.statement.MemberContents[1].size(), std::size_t(3)); // the address
-    QVERIFY(drawn.statement.MemberContents[2].empty());
+    QCOMPARE(ContentsOfPage(drawn.statement, 1).member.size(), std::size_t(3)); // the address
+    QVERIFY(ContentsOfPage(drawn.statement, 2).member.empty());
     QCOMPARE(drawn.statement.StatementTotals.size(), 1);
 }
 

@@ -1,6 +1,7 @@
 // The bills of the example clubs, text by text: of those that bring expected tables and of those
 // whose tables tests/golden/bills.py worked out.
 #include "data/records.h"
+#include "statement/statement_pages.h"
 #include "tests/support/example_bills.h"
 
 #include <QTest>
@@ -37,7 +38,7 @@ void TestExampleBills::every_text_stands_where_it_is_expected()
     const ExampleYear example = ExampleYears()[index];
     const StatementState statement = PagesOf(example);
     const QVector<QStringList> expected = ExpectedTextRows(example);
-    QCOMPARE(qsizetype(statement.MemberContents.size()), qsizetype(example.Members));
+    QCOMPARE(PageCount(statement), qsizetype(example.Members));
     for (qsizetype page = 0; page < expected.size(); ++page)
         QCOMPARE(TextRows(statement, page), expected[page]);
 }
@@ -81,7 +82,7 @@ void TestExampleBills::a_new_member_stops_the_drawing_and_is_named()
     const ExampleYear example = ExampleYears()[2];
     const StatementState statement = PagesOf(example);
     QCOMPARE(statement.StatementTotals.size(), 6);
-    QVERIFY(statement.MemberContents[6].empty());
+    QVERIFY(ContentsOfPage(statement, 6).member.empty());
     QCOMPARE(TextRows(statement, 6).size(), TextRows(statement, 0).size() - 27);
 }
 

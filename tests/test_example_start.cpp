@@ -1,5 +1,6 @@
 // The whole program started over each example club: the bills of its year, its totals list, and the
 // files that the start leaves behind.
+#include "statement/statement_pages.h"
 #include "tests/support/club.h"
 #include "tests/support/example_bills.h"
 
@@ -64,7 +65,7 @@ void TestExampleStart::the_bills_of_the_year_stand_in_the_preview()
 
     const StatementState& statement = club.program.Statement;
     const QVector<QStringList> expected = ExpectedTextRows(example);
-    QCOMPARE(qsizetype(statement.MemberContents.size()), qsizetype(example.Members));
+    QCOMPARE(PageCount(statement), qsizetype(example.Members));
     for (qsizetype page = 0; page < expected.size(); ++page)
         QCOMPARE(TextRows(statement, page), expected[page]);
     QCOMPARE(statement.StatementTotals, ExpectedTotals(example));

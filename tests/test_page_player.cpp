@@ -59,7 +59,7 @@ QVector<PageItem> ItemsOf(const StatementState& statement, qsizetype page)
 {
     const PageContents contents = ContentsOfPage(statement, page);
     QVector<PageItem> items(contents.fixed->begin(), contents.fixed->end());
-    items += QVector<PageItem>(contents.member->begin(), contents.member->end());
+    items += QVector<PageItem>(contents.member.begin(), contents.member.end());
     return items;
 }
 
@@ -128,7 +128,7 @@ void WritePdf(const QString& path, const StatementState& statement, int resoluti
     const PageContents contents = ContentsOfPage(statement, 0);
     const double scale = double(writer.width()) / PageWidth;
     PlayPage(painter, *contents.fixed, scale);
-    PlayPage(painter, *contents.member, scale);
+    PlayPage(painter, contents.member, scale);
 }
 
 } // namespace
@@ -411,7 +411,7 @@ void TestPagePlayer::the_font_of_the_program_and_the_resolution_of_the_screen_ch
     fine.fill(Qt::white);
     QPainter painter(&fine);
     PlayPage(painter, statement.FixedContents, 1.0);
-    PlayPage(painter, statement.MemberContents[0], 1.0);
+    PlayPage(painter, ContentsOfPage(statement, 0).member, 1.0);
     painter.end();
     fine.setDotsPerMeterX(before.dotsPerMeterX());
     fine.setDotsPerMeterY(before.dotsPerMeterY());

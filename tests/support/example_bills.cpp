@@ -156,7 +156,7 @@ QStringList TextRows(const StatementState& statement, qsizetype page)
 {
     const PageContents contents = ContentsOfPage(statement, page);
     QStringList rows;
-    for (const PageItems* items : { contents.fixed, contents.member }) {
+    for (const PageItems* items : { contents.fixed, &contents.member }) {
         if (items == nullptr)
             continue;
         for (const QString& line : DescribePage(*items)) {

@@ -11,7 +11,7 @@ QImage PagePicture(const StatementState& statement, qsizetype page, double scale
     image.fill(Qt::white);
     QPainter painter(&image);
     const PageContents contents = ContentsOfPage(statement, page);
-    for (const PageItems* items : { contents.fixed, contents.member }) {
+    for (const PageItems* items : { contents.fixed, &contents.member }) {
         if (items != nullptr)
             PlayPage(painter, *items, scale);
     }
