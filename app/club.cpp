@@ -2,6 +2,7 @@
 
 #include "app/program.h"
 #include "app/texts.h"
+#include "cashbook/ledger_view_form.h"
 #include "data/file_names.h"
 
 #include <QLabel>

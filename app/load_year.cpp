@@ -2,6 +2,8 @@
 
 #include "app/program.h"
 #include "app/texts.h"
+#include "cashbook/ledger_form.h"
+#include "cashbook/payment_lists_form.h"
 #include "controls/fields.h"
 #include "data/dates.h"
 #include "data/file_names.h"

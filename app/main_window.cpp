@@ -3,6 +3,7 @@
 #include "app/program.h"
 #include "app/shortcuts.h"
 #include "app/texts.h"
+#include "cashbook/cashbook_tab_form.h"
 #include "controls/fields.h"
 
 #include <QApplication>

@@ -9,7 +9,8 @@
 #include "app/start_up.h"
 #include "app/tab_guard.h"
 #include "backup/backup_form.h"
-#include "cashbook/cashbook_form.h"
+#include "cashbook/cashbook_controls.h"
+#include "cashbook/ledger.h"
 #include "controls/controls.h"
 #include "controls/error_box.h"
 #include "controls/events.h"
@@ -49,7 +50,7 @@ struct Program {
     BankSettings Bank;
     SettingsState Settings; // settings/settings_form.h
     StatementState Statement; // statement/statement_form.h
-    CashBookState CashBook; // cashbook/cashbook_form.h
+    CashBookState CashBook; // cashbook/ledger.h
 
     MainWindowForm Window;
     MemberForm MembersTab; // tab "Stammdaten"

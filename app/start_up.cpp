@@ -1,6 +1,9 @@
 #include "app/start_up.h"
 
 #include "app/program.h"
+#include "cashbook/ledger_form.h"
+#include "cashbook/ledger_view_form.h"
+#include "cashbook/payment_lists_form.h"
 #include "data/dates.h"
 #include "data/file_names.h"
 

@@ -2,6 +2,7 @@
 
 #include "app/program.h"
 #include "app/texts.h"
+#include "cashbook/ledger_form.h"
 #include "settings/settings_marks_form.h"
 
 #include <QCoreApplication>

@@ -4,7 +4,9 @@
 #include "app/german.h"
 #include "app/program.h"
 #include "cashbook/date_ordering.h"
+#include "cashbook/ledger_form.h"
 #include "cashbook/ledger_rows.h"
+#include "cashbook/ledger_view_form.h"
 
 #include <QApplication>
 #include <QDir>

@@ -8,7 +8,7 @@
 enum class Account { Bank, CashBox };
 
 /// The two ledgers and what the entry form stands at. Which account is shown is no part of it: the
-/// caption of Command15 says so (ShownAccount in cashbook/cashbook_form.h).
+/// caption of Command15 says so (ShownAccount in cashbook/ledger_view_form.h).
 struct CashBookState {
     QStringList BankLedger; ///< List5: lines as in the file
     QStringList CashBoxLedger; ///< List8

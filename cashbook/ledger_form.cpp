@@ -1,11 +1,21 @@
-// The two accounts of the tab "Kontoführung": loading, switching, saving. How they are shown stands
-// in ledger_view_form.cpp, the entry form in cashbook_form.cpp.
+// The two accounts: loading, showing, switching, booking and saving, and the buttons for that. How
+// the table looks stands in ledger_view_form, the fields of a booking in booking_form.
+#include "cashbook/ledger_form.h"
+
 #include "app/program.h"
+#include "cashbook/booking_entry.h"
+#include "cashbook/booking_form.h"
+#include "cashbook/date_ordering.h"
 #include "cashbook/ledger_file.h"
+#include "cashbook/ledger_view_form.h"
+#include "cashbook/member_marks.h"
+#include "cashbook/payment_lists_form.h"
 #include "cashbook/texts.h"
+#include "controls/fields.h"
 #include "data/dates.h"
 #include "data/file_names.h"
 
+#include <QHBoxLayout>
 #include <QLineEdit>
 #include <QPushButton>
 
@@ -67,6 +77,23 @@ template <typename Load> void FillCurrentLedger(Program& program, Load load)
     UnsavedOf(book, account) = false;
 }
 
+void LoadLedger(Program& program)
+{
+    FillCurrentLedger(program, [&program] {
+        const QString& name = program.CashBook.LedgerFileName;
+        return FileExists(program.Files, name) ? ReadLedger(program.Files, name)
+                                               : OpenYear(program);
+    });
+}
+
+void LoadLedgerWithoutHistory(Program& program)
+{
+    FillCurrentLedger(program, [&program]() -> QStringList {
+        const QString& name = program.CashBook.LedgerFileName;
+        return FileExists(program.Files, name) ? ReadLedger(program.Files, name) : QStringList();
+    });
+}
+
 /// What was typed since the failed load, behind what the file holds.
 void JoinWithFile(Program& program)
 {
@@ -112,7 +139,127 @@ void SaveAccount(Program& program, Account account)
     UnsavedOf(book, account) = false;
 }
 
+void LoadPending(Program& program)
+{
+    // before the load: one that fails must not run again at the next booking and empty the list
+    program.CashBook.LedgerReloadPending = false;
+    if (program.CashBook.LedgerWithoutHistory)
+        Step(program, LoadLedgerWithoutHistory);
+    else
+        Step(program, LoadLedger);
+}
+
+void SortCurrentLedger(Program& program)
+{
+    QStringList& ledger = CurrentLedger(program);
+    ledger = SortLedgerByDate(ledger);
+}
+
+void ShowOverview(Program& program)
+{
+    ShowMemberOverview(
+        program, OverviewRows(program.Files, program.Members.NameList, program.Year.YearText));
+}
+
+void ResetEntry(Program& program)
+{
+    ResetEntryFields(program);
+    ForgetPayee(program);
+}
+
+/// Where the ledger holds a booking after sorting.
+qsizetype RowOfBooking(const Program& program, const QString& line)
+{
+    return CurrentLedger(program).lastIndexOf(SortLedgerByDate({ line }).first());
+}
+
+void SwitchAccount(Program& program)
+{
+    if (ShownAccount(program) == Account::Bank)
+        ShowCashBox(program);
+    else
+        ShowBank(program);
+    ResetEntry(program);
+    program.CashBookTab.Text11->clear();
+    ShowLedger(program);
+    if (LineToReplace(program.CashBook, ShownAccount(program)) < 0)
+        ShowLedgerRow(program, -1);
+}
+
+void ApplyEntryClicked(Program& program)
+{
+    const BookingFields booking = ReadBookingFields(program);
+    if (!IsComplete(booking))
+        return; // nothing happens, and nothing is said
+    const QString line = LineOfBooking(booking);
+    ApplyEntry(program.CashBook, ShownAccount(program), line);
+    ResetEntry(program);
+    ShowLedger(program);
+    ShowLedgerRow(program, RowOfBooking(program, line));
+    program.CashBookTab.Text10[DateEntry]->setFocus(); // the next booking begins here
+}
+
+void DeleteEntryClicked(Program& program)
+{
+    if (!IsComplete(ReadBookingFields(program)))
+        return; // as with "OK"
+    DeleteEntry(program.CashBook, ShownAccount(program));
+    ResetEntry(program);
+    ShowLedger(program);
+}
+
+void ConnectButtons(Program& program)
+{
+    const CashBookForm& form = program.CashBookTab;
+    On(program, form.Command12[0], &QPushButton::clicked, ApplyEntryClicked);
+    On(program, form.Command12[1], &QPushButton::clicked, DeleteEntryClicked);
+    On(program, form.CommandSaveLedger, &QPushButton::clicked, SaveLedger);
+}
+
 } // namespace
+
+QPushButton* BuildAccountSwitch(Program& program, QWidget* tab)
+{
+    QPushButton* button
+        = Named(MakeButton(tab, SwitchToCashBox, QStringLiteral("Zeigt das andere Konto")),
+            QStringLiteral("Command15"));
+    program.CashBookTab.Command15 = button;
+    On(program, button, &QPushButton::clicked, SwitchAccount);
+    return button;
+}
+
+QHBoxLayout* BuildLedgerButtons(Program& program, QWidget* frame)
+{
+    CashBookForm& form = program.CashBookTab;
+    form.Command12[0] = Named(MakeButton(frame, QStringLiteral("OK"),
+                                  QStringLiteral("Bucht die Felder darüber oder ersetzt die "
+                                                 "markierte Zeile. Datum und Vorgang müssen "
+                                                 "ausgefüllt sein.")),
+        QStringLiteral("Command12"), 0);
+    MakePrimary(form.Command12[0]);
+    form.Command12[1] = Named(MakeButton(frame, QStringLiteral("Löschen"),
+                                  QStringLiteral("Löscht die angeklickte Zeile")),
+        QStringLiteral("Command12"), 1);
+    form.CommandSaveLedger = Named(MakeButton(frame, QStringLiteral("Speichern"),
+                                       QStringLiteral("Schreibt alle Buchungen des gezeigten "
+                                                      "Kontos in seine Datei (Strg+S)")),
+        QStringLiteral("CommandSaveLedger"));
+    auto* row = new QHBoxLayout;
+    row->setSpacing(FrameSpacing);
+    row->addWidget(form.Command12[0]);
+    row->addWidget(form.Command12[1]);
+    row->addStretch(1);
+    row->addWidget(form.CommandSaveLedger);
+    ConnectButtons(program);
+    return row;
+}
+
+void ResetCashBook(Program& program)
+{
+    program.CashBook = {};
+    program.CashBookTab.Command15->setText(SwitchToCashBox);
+    FillEmptyAmounts(program);
+}
 
 void ReadCashBoxLedger(Program& program)
 {
@@ -134,34 +281,19 @@ void MakeBankAccountCurrent(Program& program)
     book.SelectedLedgerRow = 0;
 }
 
-void LoadLedger(Program& program)
+void ShowLedger(Program& program)
 {
-    FillCurrentLedger(program, [&program] {
-        const QString& name = program.CashBook.LedgerFileName;
-        return FileExists(program.Files, name) ? ReadLedger(program.Files, name)
-                                               : OpenYear(program);
-    });
-}
-
-void LoadLedgerWithoutHistory(Program& program)
-{
-    FillCurrentLedger(program, [&program]() -> QStringList {
-        const QString& name = program.CashBook.LedgerFileName;
-        return FileExists(program.Files, name) ? ReadLedger(program.Files, name) : QStringList();
-    });
-}
-
-void SwitchAccount(Program& program)
-{
-    if (ShownAccount(program) == Account::Bank)
-        ShowCashBox(program);
+    const bool reloads = program.CashBook.LedgerReloadPending;
+    if (reloads)
+        LoadPending(program);
     else
-        ShowBank(program);
-    ResetEntryFields(program);
-    program.CashBookTab.Text11->clear();
-    ShowLedger(program);
-    if (LineToReplace(program.CashBook, ShownAccount(program)) < 0)
-        ShowLedgerRow(program, -1);
+        SortCurrentLedger(program);
+    ShowLedgerRows(program);
+    if (reloads)
+        ShowLedgerRow(program, -1); // the last bookings are the ones that are looked for
+    ShowCashBookMarks(program);
+    Step(program, ShowOverview);
+    ShowPaidMarks(program);
 }
 
 void SaveLedger(Program& program)

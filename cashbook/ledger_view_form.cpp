@@ -1,82 +1,61 @@
-// The view of the tab "Kontoführung": rows, balance, title, marks. Where the lines come from stands
-// in ledger_form.cpp.
+// The view of the tab "Kontoführung": title and balance of the shown account, the table of its
+// bookings with its keys and its marked row. Where the lines come from stands in ledger_form.
+#include "cashbook/ledger_view_form.h"
+
 #include "app/program.h"
-#include "cashbook/date_ordering.h"
+#include "cashbook/booking_entry.h"
+#include "cashbook/booking_form.h"
 #include "cashbook/ledger_model.h"
 #include "cashbook/ledger_rows.h"
-#include "cashbook/member_marks.h"
 #include "cashbook/texts.h"
 #include "controls/fields.h"
+#include "controls/picking.h"
 
+#include <QFrame>
+#include <QHBoxLayout>
 #include <QHeaderView>
 #include <QItemSelectionModel>
 #include <QLabel>
 #include <QLineEdit>
-#include <QListWidget>
 #include <QPushButton>
 #include <QScopedValueRollback>
 #include <QScrollBar>
-#include <QSignalBlocker>
 #include <QTableView>
 
 namespace {
 
 enum LedgerColumn { DateColumn, TextColumn, DepositColumn, WithdrawalColumn, BalanceColumn };
 
-/// A step of a longer action: what goes wrong in it is shown, and the action goes on.
-template <typename Routine> void Step(Program& program, Routine routine)
+QFont Larger(const QFont& font, qreal factor)
 {
-    WithErrorBox(program.Errors, program.Ask, [&] { routine(program); });
+    QFont larger = font;
+    larger.setPointSizeF(font.pointSizeF() * factor);
+    larger.setBold(true);
+    return larger;
 }
 
-void LoadPending(Program& program)
+QLabel* MakeTitle(QWidget* tab)
 {
-    // before the load: one that fails must not run again at the next booking and empty the list
-    program.CashBook.LedgerReloadPending = false;
-    if (program.CashBook.LedgerWithoutHistory)
-        Step(program, LoadLedgerWithoutHistory);
-    else
-        Step(program, LoadLedger);
+    auto* title = Named(new QLabel(tab), QStringLiteral("Label21"));
+    title->setTextFormat(Qt::PlainText);
+    title->setWordWrap(true); // club and bank names are long
+    title->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    title->setFont(Larger(title->font(), 1.25));
+    return title;
 }
 
-void SortCurrentLedger(Program& program)
+/// Black or red on white on every desktop: these colours mean something.
+QLabel* MakeBalance(QWidget* tab)
 {
-    QStringList& ledger = CurrentLedger(program);
-    ledger = SortLedgerByDate(ledger);
-}
-
-void ShowBalance(const Program& program, float balance)
-{
-    QLabel* label = program.CashBookTab.BalanceLabel;
-    const QString text = CurrentBalanceText(balance);
-    QPalette palette = label->palette();
-    palette.setColor(QPalette::Window, Qt::white);
-    palette.setColor(
-        QPalette::WindowText, ShowsBelowZero(text) ? QColor(255, 0, 0) : QColor(0, 0, 0));
-    label->setPalette(palette);
-    label->setText(text);
-}
-
-void ShowOverview(Program& program)
-{
-    ShowMemberOverview(
-        program, OverviewRows(program.Files, program.Members.NameList, program.Year.YearText));
-}
-
-void MarkPaid(QListWidgetItem* name, bool paid)
-{
-    name->setSelected(paid);
-    name->setToolTip(
-        paid ? name->text() + QStringLiteral("\nAbrechnung ist gebucht") : name->text());
-}
-
-void ShowPaidMarks(Program& program)
-{
-    QListWidget* list = program.CashBookTab.List4;
-    const QVector<bool> marks = PaidMarks(program.Members.CashBookNameList, CurrentLedger(program));
-    const QSignalBlocker silent(list);
-    for (qsizetype i = 0; i < marks.size() && i < list->count(); ++i)
-        MarkPaid(list->item(static_cast<int>(i)), marks[i]);
+    auto* balance = Named(new QLabel(tab), QStringLiteral("BalanceLabel"));
+    balance->setTextFormat(Qt::PlainText);
+    balance->setFont(Larger(balance->font(), 1.75));
+    balance->setFrameShape(QFrame::StyledPanel);
+    balance->setAutoFillBackground(true);
+    balance->setMargin(FrameSpacing / 2);
+    balance->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    balance->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    return balance;
 }
 
 void SelectMarkedRow(Program& program, int row)
@@ -94,47 +73,6 @@ void SelectMarkedRow(Program& program, int row)
     selection->setCurrentIndex(
         index, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
     form.ListView1->scrollTo(index);
-}
-
-void ShowReplaceMark(const Program& program, int row)
-{
-    QLabel* mark = program.CashBookTab.ReplaceMark;
-    mark->setText(row < 0 ? QString() : QStringLiteral("„OK“ ersetzt Zeile %1").arg(row + 1));
-}
-
-QString UnsavedText(const CashBookState& book)
-{
-    if (book.BankUnsaved && book.CashBoxUnsaved)
-        return QStringLiteral("beide Konten nicht gespeichert");
-    if (book.BankUnsaved)
-        return QStringLiteral("Konto nicht gespeichert");
-    return book.CashBoxUnsaved ? QStringLiteral("Handkasse nicht gespeichert") : QString();
-}
-
-void ShowUnsavedMark(Program& program)
-{
-    QLabel* mark = program.CashBookTab.UnsavedMark;
-    const bool unread = UnreadOf(program.CashBook, ShownAccount(program));
-    mark->setText(unread ? QStringLiteral("Datei nicht gelesen") : UnsavedText(program.CashBook));
-    mark->setAutoFillBackground(!mark->text().isEmpty());
-    if (unread)
-        Tint(mark, TintKind::Wrong,
-            QStringLiteral("Die Buchungen aus der Datei des Kontos fehlen hier. „Speichern“ liest "
-                           "sie zuerst und fügt hinzu, was seither gebucht wurde."));
-    else if (!mark->text().isEmpty())
-        Tint(mark, TintKind::Unsaved,
-            QStringLiteral("„Speichern“ schreibt die Buchungen des gezeigten Kontos in seine "
-                           "Datei"));
-    else
-        Tint(mark, TintKind::None);
-}
-
-} // namespace
-
-void SetUpLedgerColumns(Program& program)
-{
-    program.CashBookTab.Ledger->SetColumns(LedgerColumns);
-    FitLedgerColumns(program);
 }
 
 void FitLedgerColumns(Program& program)
@@ -158,6 +96,113 @@ void FitLedgerColumns(Program& program)
     view->verticalHeader()->setDefaultSectionSize(metrics.height() + FrameSpacing);
 }
 
+void ShowBalance(const Program& program, float balance)
+{
+    QLabel* label = program.CashBookTab.BalanceLabel;
+    const QString text = CurrentBalanceText(balance);
+    QPalette palette = label->palette();
+    palette.setColor(QPalette::Window, Qt::white);
+    palette.setColor(
+        QPalette::WindowText, ShowsBelowZero(text) ? QColor(255, 0, 0) : QColor(0, 0, 0));
+    label->setPalette(palette);
+    label->setText(text);
+}
+
+void LedgerSelectionChanged(Program& program, const QItemSelection& selected, const QItemSelection&)
+{
+    if (!program.CashBookTab.MarkingByCode && !selected.isEmpty())
+        PickLedgerRow(program, selected.indexes().first().row());
+}
+
+/// The row that has the focus but was never picked, or was picked before.
+bool LedgerKeyPressed(Program& program, QEvent& event)
+{
+    const QModelIndex current = program.CashBookTab.ListView1->currentIndex();
+    if (!IsPickKey(event) || !current.isValid())
+        return false;
+    PickLedgerRow(program, current.row());
+    return true;
+}
+
+/// Arrow keys, the search as you type and the mouse select; a click on the selected row picks it
+/// again.
+void ConnectLedgerView(Program& program)
+{
+    const CashBookForm& form = program.CashBookTab;
+    On(program, form.ListView1->selectionModel(), &QItemSelectionModel::selectionChanged,
+        LedgerSelectionChanged);
+    On(program, form.ListView1, &QTableView::clicked,
+        [](Program& p, const QModelIndex& index) { PickLedgerRow(p, index.row()); });
+    OnEvent(program, form.ListView1, QEvent::KeyPress, LedgerKeyPressed);
+    OnEvent(program, form.ListView1, QEvent::FontChange, [](Program& p, QEvent&) {
+        FitLedgerColumns(p);
+        return false;
+    });
+}
+
+} // namespace
+
+QHBoxLayout* BuildLedgerHead(Program& program, QWidget* tab)
+{
+    CashBookForm& form = program.CashBookTab;
+    form.Label21 = MakeTitle(tab);
+    form.BalanceLabel = MakeBalance(tab);
+    auto* head = new QHBoxLayout;
+    head->setSpacing(TabSpacing);
+    head->addWidget(form.Label21, 1);
+    head->addWidget(MakeCaption(tab, QStringLiteral("aktueller Kontostand"), form.BalanceLabel));
+    head->addWidget(form.BalanceLabel, 0, Qt::AlignVCenter); // a long title is higher
+    return head;
+}
+
+QTableView* BuildLedgerView(Program& program, QWidget* tab)
+{
+    CashBookForm& form = program.CashBookTab;
+    auto* view = Named(new QTableView(tab), QStringLiteral("ListView1"));
+    form.ListView1 = view;
+    form.Ledger = new LedgerModel(view);
+    view->setModel(form.Ledger);
+    view->setAccessibleName(QStringLiteral("Buchungen"));
+    view->setSelectionBehavior(QAbstractItemView::SelectRows);
+    view->setSelectionMode(QAbstractItemView::SingleSelection);
+    view->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    view->setAlternatingRowColors(true);
+    view->setShowGrid(false);
+    view->setWordWrap(false);
+    view->setMinimumHeight(view->fontMetrics().lineSpacing() * 8); // the heading and some rows
+    view->setTabKeyNavigation(false);
+    view->setCornerButtonEnabled(false);
+    view->verticalHeader()->hide();
+    view->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed); // quick at 100,000 rows
+    view->horizontalHeader()->setHighlightSections(false);
+    view->horizontalHeader()->setSectionsClickable(false);
+    KeepSelectionClear(view);
+    ConnectLedgerView(program);
+    return view;
+}
+
+Account ShownAccount(const Program& program)
+{
+    const bool bank = program.CashBookTab.Command15->text() == SwitchToCashBox;
+    return bank ? Account::Bank : Account::CashBox;
+}
+
+QStringList& CurrentLedger(Program& program)
+{
+    return LedgerOf(program.CashBook, ShownAccount(program));
+}
+
+const QStringList& CurrentLedger(const Program& program)
+{
+    return LedgerOf(program.CashBook, ShownAccount(program));
+}
+
+void SetUpLedgerColumns(Program& program)
+{
+    program.CashBookTab.Ledger->SetColumns(LedgerColumns);
+    FitLedgerColumns(program);
+}
+
 void ShowAccountTitle(Program& program)
 {
     const QString bank = BankTitleBegin + program.ClubName + QLatin1Char(' ')
@@ -168,24 +213,14 @@ void ShowAccountTitle(Program& program)
     title->setToolTip(title->text().toHtmlEscaped());
 }
 
-void ShowLedger(Program& program)
+void ShowLedgerRows(Program& program)
 {
     CashBookForm& form = program.CashBookTab;
-    const bool reloads = program.CashBook.LedgerReloadPending;
-    if (reloads)
-        LoadPending(program);
-    else
-        SortCurrentLedger(program);
     const LedgerRows rows = MakeLedgerRows(CurrentLedger(program));
     const int scrolled = form.ListView1->verticalScrollBar()->value();
     form.Ledger->SetRows(rows);
     form.ListView1->verticalScrollBar()->setValue(scrolled);
-    if (reloads)
-        ShowLedgerRow(program, -1); // the last bookings are the ones that are looked for
     ShowBalance(program, ClosingBalance(rows));
-    ShowCashBookMarks(program);
-    Step(program, ShowOverview);
-    ShowPaidMarks(program);
 }
 
 void ShowCashBookMarks(Program& program)
@@ -193,7 +228,7 @@ void ShowCashBookMarks(Program& program)
     const int row = LineToReplace(program.CashBook, ShownAccount(program));
     SelectMarkedRow(program, row);
     ShowReplaceMark(program, row);
-    ShowUnsavedMark(program);
+    ShowUnsavedMark(program, ShownAccount(program));
 }
 
 void ShowLedgerRow(Program& program, qsizetype row)
@@ -203,4 +238,13 @@ void ShowLedgerRow(Program& program, qsizetype row)
         view->scrollToBottom();
     else
         view->scrollTo(program.CashBookTab.Ledger->index(static_cast<int>(row), 0));
+}
+
+void PickLedgerRow(Program& program, int row)
+{
+    CashBookState& book = program.CashBook;
+    book.LedgerEditMode = true;
+    book.SelectedLedgerRow = row + 1;
+    FillBookingFields(program, FieldsOfBooking(CurrentLedger(std::as_const(program)).value(row)));
+    ShowCashBookMarks(program);
 }

@@ -3,6 +3,7 @@
 #include "settings/settings_form.h"
 
 #include "app/program.h"
+#include "cashbook/ledger_view_form.h"
 #include "data/dates.h"
 #include "settings/settings_marks_form.h"
 #include "settings/texts.h"

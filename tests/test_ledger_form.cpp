@@ -1,4 +1,5 @@
 // The ledger of the tab "Kontoführung": view, loading, the new year, marks.
+#include "cashbook/ledger_form.h"
 #include "cashbook/ledger_model.h"
 #include "controls/fields.h"
 #include "tests/support/cash_book_club.h"

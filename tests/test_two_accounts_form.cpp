@@ -1,5 +1,7 @@
 // The two accounts of the tab "Kontoführung": switching, saving, files that fail.
+#include "cashbook/ledger_form.h"
 #include "cashbook/ledger_model.h"
+#include "cashbook/ledger_view_form.h"
 #include "controls/fields.h"
 #include "tests/support/cash_book_club.h"
 

@@ -1,5 +1,6 @@
 // The saving actions of the window: the real forms, loaded, filled and clicked as a user does it.
 #include "app/program.h"
+#include "cashbook/ledger_view_form.h"
 #include "data/file_names.h"
 #include "data/redo_record.h"
 #include "tests/support/crash_actions.h"

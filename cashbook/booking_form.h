@@ -1,0 +1,30 @@
+// The frame of the booking that is typed: fields, calendar, marks.
+#pragma once
+
+#include "cashbook/ledger.h"
+
+class QCalendarWidget;
+class QFrame;
+class QWidget;
+struct BookingFields;
+struct Program;
+
+QCalendarWidget* BuildCalendar(Program& program, QWidget* tab);
+
+/// The fields and marks; its layout is a grid, whose next row may hold buttons.
+QFrame* BuildBookingFrame(Program& program, QWidget* tab);
+
+BookingFields ReadBookingFields(const Program& program);
+void FillBookingFields(const Program& program, const BookingFields& booking);
+
+/// Date and text empty, both amounts "0,00".
+void ResetEntryFields(Program& program);
+
+/// Amount fields that are empty get "0,00".
+void FillEmptyAmounts(Program& program);
+
+/// ReplaceMark for the row that the next "OK" replaces (0 is the first, -1: none).
+void ShowReplaceMark(const Program& program, int row);
+
+/// UnsavedMark for both accounts, and for the file of the shown one.
+void ShowUnsavedMark(Program& program, Account shown);

@@ -1,0 +1,40 @@
+// The controls of the tab "Kontoführung". Each frame of it is made and run by a form of its own.
+#pragma once
+
+#include <array>
+
+class LedgerModel;
+class QCalendarWidget;
+class QLabel;
+class QLineEdit;
+class QListWidget;
+class QPushButton;
+class QTableView;
+
+/// Positions in Text10.
+enum EntryField { DateEntry, TextEntry, DepositEntry, WithdrawalEntry, EntryFieldCount };
+
+struct CashBookForm {
+    // ledger_view_form
+    QLabel* Label21 = nullptr; ///< account title
+    QLabel* BalanceLabel = nullptr; ///< beside "aktueller Kontostand"
+    QTableView* ListView1 = nullptr; ///< the ledger
+    LedgerModel* Ledger = nullptr; ///< what ListView1 shows
+    bool MarkingByCode = false; ///< the selection of ListView1 is being set by code
+
+    // booking_form
+    QCalendarWidget* Cal3 = nullptr;
+    std::array<QLineEdit*, EntryFieldCount> Text10 {}; ///< date, text, deposit, withdrawal
+    QLineEdit* Text11 = nullptr; ///< "Raten Vereinbarung"
+    QLabel* ReplaceMark = nullptr; ///< which row the next "OK" replaces
+    QLabel* UnsavedMark = nullptr; ///< which accounts hold bookings that are not in their file
+
+    // payment_lists_form
+    QListWidget* List4 = nullptr; ///< "Namen"
+    QListWidget* List9 = nullptr; ///< "sich wiederholende Vorgänge"
+
+    // ledger_form
+    QPushButton* Command15 = nullptr; ///< switches the account; its caption is the state
+    std::array<QPushButton*, 2> Command12 {}; ///< "OK", "Löschen"
+    QPushButton* CommandSaveLedger = nullptr; ///< "Speichern"
+};
