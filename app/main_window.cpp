@@ -22,6 +22,15 @@
 
 namespace {
 
+/// In several sizes as pictures, so that no plug-in has to draw it.
+QIcon ProgramIcon()
+{
+    QIcon icon;
+    for (const int size : { 16, 24, 32, 48, 64, 128, 256 })
+        icon.addFile(QStringLiteral(":/symbole/parzello-%1.png").arg(size));
+    return icon;
+}
+
 QWidget* BuildHead(Program& program, QWidget* parent)
 {
     MainWindowForm& window = program.Window;
@@ -169,7 +178,7 @@ void BuildMainWindow(Program& program)
     auto* window = Named(new QMainWindow, QStringLiteral("MainWindow"));
     program.Window.Window = window;
     window->setWindowTitle(WindowCaption);
-    window->setWindowIcon(QIcon(QStringLiteral(":/parzello.svg")));
+    window->setWindowIcon(ProgramIcon());
     if (!program.Ask)
         program.Ask = [window](const MessageBox& box) { return ShowMessageBox(window, box); };
     window->setCentralWidget(BuildContent(program));

@@ -2,12 +2,16 @@
 
 set(CMAKE_AUTOMOC OFF)
 set(CMAKE_AUTORCC ON)
+set(CMAKE_AUTORCC_OPTIONS "--format-version;1") # later ones note when a file was touched
 set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 
 add_library(parzello_flags INTERFACE)
 target_compile_features(parzello_flags INTERFACE cxx_std_20)
 target_include_directories(parzello_flags INTERFACE ${PROJECT_SOURCE_DIR})
 target_compile_options(parzello_flags INTERFACE
+    # A release is the same to the byte, from whatever folder it is built.
+    $<$<CONFIG:Release>:-ffile-prefix-map=${PROJECT_SOURCE_DIR}=.>
+    $<$<CONFIG:Release>:-ffile-prefix-map=${PROJECT_BINARY_DIR}=build>
     -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror -fPIC
     # GCC 12 sees an overlap in plain string assignments once they are optimised (its bug 105329).
     $<$<AND:$<CONFIG:Release>,$<CXX_COMPILER_ID:GNU>,$<VERSION_LESS:$<CXX_COMPILER_VERSION>,13>>:-Wno-restrict>)
