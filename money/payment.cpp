@@ -20,7 +20,7 @@ const MemberIndex& IndexOf(ClubYears& years, int year)
     return years.Indexes.emplace(year, MakeMemberIndex(records)).first->second;
 }
 
-Payment AssessPayment(ClubYears& years, const QString& text, Cents amount, int ledger_year,
+Payment AssessYear(const KnownYears& known, const QString& text, Cents amount, int ledger_year,
     const std::optional<QDate>& date)
 {
     Payment payment;
@@ -31,17 +31,28 @@ Payment AssessPayment(ClubYears& years, const QString& text, Cents amount, int l
         payment.Finding = PaymentFinding::UnknownWord;
     if (kind != PaymentKind::Payment)
         return payment;
-    const PaymentText read = ReadPaymentText(text);
-    const BillYear bill = BillYearOf(read.Years, ledger_year, date, years.Known);
+    payment.Text = ReadPaymentText(text);
+    const BillYear bill = BillYearOf(payment.Text.Years, ledger_year, date, known);
     payment.Year = bill.Year;
+    payment.Finding = PaymentFinding::OfYear;
     if (bill.Doubt == YearDoubt::SeveralYears)
         payment.Finding = PaymentFinding::SeveralYears;
-    else if (bill.Doubt == YearDoubt::NoMembersFile)
+    if (bill.Doubt == YearDoubt::NoMembersFile)
         payment.Finding = PaymentFinding::NoMembersFile;
-    else
-        payment.Finding = PaymentFinding::OfYear;
+    return payment;
+}
+
+void FindPayers(ClubYears& years, Payment& payment)
+{
     if (payment.Finding == PaymentFinding::OfYear)
-        payment.Members = MatchMembers(IndexOf(years, bill.Year), read);
+        payment.Members = MatchMembers(IndexOf(years, payment.Year), payment.Text);
+}
+
+Payment AssessPayment(ClubYears& years, const QString& text, Cents amount, int ledger_year,
+    const std::optional<QDate>& date)
+{
+    Payment payment = AssessYear(years.Known, text, amount, ledger_year, date);
+    FindPayers(years, payment);
     return payment;
 }
 

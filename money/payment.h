@@ -38,12 +38,20 @@ enum class PaymentFinding {
 
 struct Payment {
     PaymentFinding Finding = PaymentFinding::None;
-    int Year = 0; ///< with OfYear
+    int Year = 0; ///< 0 when it is in doubt
     QVector<int> Members; ///< with OfYear: positions in that year's list; one is the payer
+    PaymentText Text; ///< of a payment, looked through
 };
 
-/// What a booking counts as. The amount is deposit less withdrawal; the ledger's year decides where
-/// the text names none.
+/// What a booking counts as and the year that it pays, members not looked for yet. The amount is
+/// deposit less withdrawal; the ledger's year decides where the text names none.
+Payment AssessYear(const KnownYears& known, const QString& text, Cents amount, int ledger_year,
+    const std::optional<QDate>& date);
+
+/// Finds the members of a payment that is OfYear.
+void FindPayers(ClubYears& years, Payment& payment);
+
+/// Both.
 Payment AssessPayment(ClubYears& years, const QString& text, Cents amount, int ledger_year,
     const std::optional<QDate>& date);
 
