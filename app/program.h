@@ -21,7 +21,9 @@
 #include "settings/bank_settings.h"
 #include "settings/price_settings.h"
 #include "settings/settings_form.h"
+#include "statement/print_frame_form.h"
 #include "statement/statement_form.h"
+#include "statement/statement_state.h"
 
 #include <QDate>
 
@@ -49,12 +51,13 @@ struct Program {
     PriceSettings Prices;
     BankSettings Bank;
     SettingsState Settings; // settings/settings_form.h
-    StatementState Statement; // statement/statement_form.h
+    StatementState Statement; // statement/statement_state.h
     CashBookState CashBook; // cashbook/ledger.h
 
     MainWindowForm Window;
     MemberForm MembersTab; // tab "Stammdaten"
-    StatementForm Preview; // tab "Druckvorlagen"
+    StatementForm StatementPreview; // tab "Druckvorlagen"
+    PrintFrameForm PrintFrame; // the frame "Drucken" on the tab "Druckvorlagen"
     CashBookForm CashBookTab; // tab "Kontoführung"
     SettingsForm SettingsTab; // tab "Einstellungen"
     BackupForm Backup; // the frame "Datensicherung" on the tab "Einstellungen"

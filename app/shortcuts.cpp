@@ -63,7 +63,7 @@ void BuildShortcuts(Program& program)
     });
     Key(program, QKeySequence(QStringLiteral("Ctrl+P")), [](Program& p) {
         p.Window.SSTab1->setCurrentIndex(StatementTab);
-        p.Preview.Command6->click();
+        p.PrintFrame.Command6->click();
     });
     Key(program, QKeySequence(Qt::Key_F1), ShowManual);
 }

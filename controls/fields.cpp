@@ -113,6 +113,13 @@ QLineEdit* MakeField(QWidget* parent, FieldKind kind, int characters,
     return field;
 }
 
+QLineEdit* KeepNarrow(QLineEdit* field)
+{
+    field->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
+    field->setMaximumWidth(field->minimumWidth());
+    return field;
+}
+
 QLabel* MakeCaption(QWidget* parent, const QString& text, QWidget* field)
 {
     auto* caption = new QLabel(text, parent);

@@ -25,6 +25,9 @@ enum class FieldKind { Text, Amount, DisplayOnly };
 QLineEdit* MakeField(QWidget* parent, FieldKind kind, int characters,
     const QString& accessible_name, const QString& unit = {});
 
+/// A field for a number stays as narrow as its digits; returns the field.
+QLineEdit* KeepNarrow(QLineEdit* field);
+
 /// A caption in front of a field (plain text; its buddy is the field).
 QLabel* MakeCaption(QWidget* parent, const QString& text, QWidget* field = nullptr);
 

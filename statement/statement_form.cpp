@@ -6,16 +6,13 @@
 #include "statement/page_preview.h"
 #include "statement/preview_paging.h"
 #include "statement/statement_pages.h"
-#include "statement/statement_printer.h"
 
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPrinter>
 #include <QPushButton>
-#include <QRadioButton>
 #include <QScrollBar>
 #include <QShortcut>
 #include <QVBoxLayout>
@@ -57,7 +54,7 @@ QString PageName(const Program& program)
 
 void ShowPage(Program& program)
 {
-    StatementForm& form = program.Preview;
+    StatementForm& form = program.StatementPreview;
     form.Text7->setText(QString::number(program.Statement.ShownPage));
     form.P2->setObjectName(ControlName(u"P2"_s, program.Statement.ShownPage - 1));
     form.P2->setAccessibleName(PageName(program));
@@ -68,31 +65,10 @@ void ShowPage(Program& program)
 
 void FitScrollBar(Program& program)
 {
-    StatementForm& form = program.Preview;
+    StatementForm& form = program.StatementPreview;
     const ScrollRange range = ScrollRangeFor(PageHeight, form.P1->height());
     form.VScroll1->setPageStep(qMax(1, range.large_step));
     form.VScroll1->setRange(0, range.maximum); // a value beyond it moves the page back
-}
-
-/// Nothing is said when the fields name no pages, so they show it beforehand.
-void ShowWhatWillBePrinted(Program& program)
-{
-    const StatementForm& form = program.Preview;
-    const qsizetype pages = PageCount(program.Statement);
-    const auto range = RangeToPrint(form.Text8From->text(), form.Text8To->text(), pages);
-    TintKind tint = TintKind::None;
-    QString reason;
-    if (!range && pages > 0) {
-        tint = TintKind::Wrong;
-        reason = u"So wird nichts gedruckt: Es gibt die Seiten 1 bis %1."_s.arg(pages);
-    } else if (range && form.Option1->isChecked() && range->last - range->first + 1 < pages) {
-        tint = TintKind::Unsaved;
-        reason = u"Gedruckt werden die Seiten %1 bis %2, auch wenn „Alles“ gewählt ist."_s
-                     .arg(range->first + 1)
-                     .arg(range->last + 1);
-    }
-    for (QLineEdit* field : { form.Text8From, form.Text8To })
-        Tint(field, tint, reason);
 }
 
 // --- handlers ---------------------------------------------------------------------------------
@@ -106,35 +82,21 @@ void Scrolled(Program& program, int value) // VScroll1
 bool ViewportResized(Program& program, QEvent&) // P1
 {
     FitScrollBar(program);
-    program.Preview.Desk->update();
+    program.StatementPreview.Desk->update();
     return false;
 }
 
 bool FocusMoved(Program& program, QEvent&) // P1: the page's edge shows the focus
 {
-    program.Preview.Desk->update();
+    program.StatementPreview.Desk->update();
     return false;
-}
-
-void AllPagesChosen(Program& program) // Option1
-{
-    if (program.Preview.Option1->isChecked())
-        program.Statement.PrintAllPages = true;
-    ShowWhatWillBePrinted(program);
-}
-
-void SinglePagesChosen(Program& program) // Option2
-{
-    if (program.Preview.Option2->isChecked())
-        program.Statement.PrintAllPages = false;
-    ShowWhatWillBePrinted(program);
 }
 
 // --- building ---------------------------------------------------------------------------------
 
 QWidget* BuildPreview(Program& program, QWidget* tab)
 {
-    StatementForm& form = program.Preview;
+    StatementForm& form = program.StatementPreview;
     auto* desk = new PreviewDesk(tab);
     form.Desk = desk;
     form.VScroll1 = Named(new QScrollBar(Qt::Vertical, tab), u"VScroll1"_s);
@@ -160,14 +122,6 @@ QWidget* BuildPreview(Program& program, QWidget* tab)
     return desk;
 }
 
-/// A field for a page number stays as narrow as its five digits.
-QLineEdit* KeepNarrow(QLineEdit* field)
-{
-    field->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
-    field->setMaximumWidth(field->minimumWidth());
-    return field;
-}
-
 QLineEdit* DisplayField(QWidget* parent, const QString& name, const QString& caption)
 {
     return KeepNarrow(Named(MakeField(parent, FieldKind::DisplayOnly, 6, caption), name));
@@ -175,7 +129,7 @@ QLineEdit* DisplayField(QWidget* parent, const QString& name, const QString& cap
 
 QWidget* BuildPagesFrame(Program& program, QWidget* tab)
 {
-    StatementForm& form = program.Preview;
+    StatementForm& form = program.StatementPreview;
     auto* frame = Named(new QGroupBox(u"Seiten"_s, tab), u"Frame11"_s, 1);
     form.Text7 = DisplayField(frame, u"Text7"_s, u"Angezeigte Seite"_s);
     form.Text9 = DisplayField(frame, u"Text9"_s, u"Gesamtseitenzahl"_s);
@@ -203,50 +157,6 @@ QWidget* BuildPagesFrame(Program& program, QWidget* tab)
     return frame;
 }
 
-QLineEdit* PageNumberField(QWidget* parent, int index, const QString& accessible_name)
-{
-    auto* field = Named(MakeField(parent, FieldKind::Text, 6, accessible_name), u"Text8"_s, index);
-    field->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    field->setToolTip(u"Gedruckt wird immer von dieser bis zu dieser Seite."_s);
-    return KeepNarrow(field);
-}
-
-QWidget* BuildPrintFrame(Program& program, QWidget* tab)
-{
-    StatementForm& form = program.Preview;
-    auto* frame = Named(new QGroupBox(u"Drucken"_s, tab), u"Frame11"_s, 0);
-    form.Option1 = Named(new QRadioButton(u"Alles"_s, frame), u"Option1"_s);
-    form.Option2 = Named(new QRadioButton(u"Seiten"_s, frame), u"Option2"_s);
-    for (QRadioButton* option : { form.Option1, form.Option2 })
-        option->setToolTip(u"Gedruckt wird in beiden Fällen von Seite – bis Seite."_s);
-    form.Option2->setChecked(true); // the page numbers always decide
-    form.Text8From = PageNumberField(frame, 0, u"Drucken von Seite"_s);
-    form.Text8From->setText(u"1"_s);
-    form.Text8To = PageNumberField(frame, 1, u"Drucken bis Seite"_s);
-    form.Command6 = Named(MakeButton(frame, u"Drucken"_s), u"Command6"_s);
-    MakePrimary(form.Command6);
-    form.Command6->setToolTip(u"Druckt die Abrechnungen (Strg+P)"_s);
-
-    auto* options = new QHBoxLayout;
-    options->setSpacing(TabSpacing);
-    options->addWidget(form.Option1);
-    options->addWidget(form.Option2);
-    options->addStretch();
-    auto* pages = new QHBoxLayout;
-    pages->setSpacing(FrameSpacing);
-    pages->addWidget(MakeCaption(frame, u"Seite"_s, form.Text8From));
-    pages->addWidget(form.Text8From);
-    pages->addWidget(new QLabel(u"–"_s, frame));
-    pages->addWidget(form.Text8To);
-    pages->addStretch();
-    auto* column = new QVBoxLayout(frame);
-    column->setSpacing(FrameSpacing);
-    column->addLayout(options);
-    column->addLayout(pages);
-    column->addWidget(form.Command6);
-    return frame;
-}
-
 /// Keys that work wherever the focus is on the tab.
 void BuildKeys(Program& program, QWidget* tab)
 {
@@ -255,35 +165,32 @@ void BuildKeys(Program& program, QWidget* tab)
         shortcut->setContext(Qt::WidgetWithChildrenShortcut);
         On(program, shortcut, &QShortcut::activated, routine);
     };
-    key(Qt::Key_PageUp,
-        [](Program& p) { p.Preview.VScroll1->triggerAction(QScrollBar::SliderPageStepSub); });
-    key(Qt::Key_PageDown,
-        [](Program& p) { p.Preview.VScroll1->triggerAction(QScrollBar::SliderPageStepAdd); });
+    key(Qt::Key_PageUp, [](Program& p) {
+        p.StatementPreview.VScroll1->triggerAction(QScrollBar::SliderPageStepSub);
+    });
+    key(Qt::Key_PageDown, [](Program& p) {
+        p.StatementPreview.VScroll1->triggerAction(QScrollBar::SliderPageStepAdd);
+    });
     key(static_cast<int>(Qt::ALT) | Qt::Key_PageUp, PreviousPage);
     key(static_cast<int>(Qt::ALT) | Qt::Key_PageDown, NextPage);
 }
 
 void ConnectHandlers(Program& program)
 {
-    const StatementForm& form = program.Preview;
+    const StatementForm& form = program.StatementPreview;
     On(program, form.VScroll1, &QScrollBar::valueChanged, Scrolled);
     OnEvent(program, form.P1, QEvent::Resize, ViewportResized);
     OnEvent(program, form.P1, QEvent::FocusIn, FocusMoved);
     OnEvent(program, form.P1, QEvent::FocusOut, FocusMoved);
     On(program, form.Command9Next, &QPushButton::clicked, NextPage);
     On(program, form.Command9Previous, &QPushButton::clicked, PreviousPage);
-    On(program, form.Option1, &QRadioButton::clicked, AllPagesChosen);
-    On(program, form.Option2, &QRadioButton::clicked, SinglePagesChosen);
-    On(program, form.Text8From, &QLineEdit::textChanged, ShowWhatWillBePrinted);
-    On(program, form.Text8To, &QLineEdit::textChanged, ShowWhatWillBePrinted);
-    On(program, form.Command6, &QPushButton::clicked, PrintStatements);
 }
 
 } // namespace
 
 void BuildStatementTab(Program& program, QWidget* tab)
 {
-    StatementForm& form = program.Preview;
+    StatementForm& form = program.StatementPreview;
     QWidget* preview = BuildPreview(program, tab);
     auto* side = new QWidget(tab);
     side->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Preferred);
@@ -301,8 +208,6 @@ void BuildStatementTab(Program& program, QWidget* tab)
     row->addWidget(form.VScroll1);
     row->addWidget(side);
 
-    if (!form.ShowPrintDialog)
-        form.ShowPrintDialog = [tab](QPrinter& printer) { return AskForPrinter(printer, tab); };
     BuildKeys(program, tab);
     ConnectHandlers(program);
 }
@@ -310,8 +215,8 @@ void BuildStatementTab(Program& program, QWidget* tab)
 void SetPageFields(Program& program)
 {
     const QString pages = QString::number(MemberCount(program));
-    program.Preview.Text8To->setText(pages);
-    program.Preview.Text9->setText(pages);
+    program.PrintFrame.Text8To->setText(pages);
+    program.StatementPreview.Text9->setText(pages);
 }
 
 void DrawStatementPages(Program& program)
@@ -345,22 +250,4 @@ void PreviousPage(Program& program) // Command9(1)
 {
     StepToPreviousPage(program.Statement);
     ShowPage(program);
-}
-
-void PrintStatements(Program& program) // Command6
-{
-    const StatementForm& form = program.Preview;
-    QPrinter printer(QPrinter::HighResolution);
-    printer.setDocName(TitleOfPages(program.Statement));
-    printer.setCreator(u"Kleingarten Parzello"_s);
-    printer.setDuplex(QPrinter::DuplexNone); // one sheet per bill, unless the dialog says otherwise
-    if (!form.ShowPrintDialog(printer))
-        return;
-    const qsizetype pages = PageCount(program.Statement);
-    const auto range = RangeToPrint(form.Text8From->text(), form.Text8To->text(), pages);
-    if (!range)
-        return; // nothing is printed, and nothing is said
-    SetUpPrinter(printer);
-    PrintStatementPages(
-        printer, program.Statement, JobFor(program.Statement, *range), form.P1->window());
 }

@@ -1,15 +1,9 @@
-// The tab "Druckvorlagen": bill preview, paging, printing.
+// The tab "Druckvorlagen": the preview of the bills and its paging; printing is print_frame_form.
 #pragma once
-
-#include "statement/statement_state.h"
-
-#include <functional>
 
 class QLabel;
 class QLineEdit;
-class QPrinter;
 class QPushButton;
-class QRadioButton;
 class QScrollBar;
 class QWidget;
 struct Program;
@@ -23,14 +17,6 @@ struct StatementForm {
     QLineEdit* Text9 = nullptr; ///< "Gesamtseitenzahl"
     QPushButton* Command9Next = nullptr; ///< Command9(0)
     QPushButton* Command9Previous = nullptr; ///< Command9(1)
-    QRadioButton* Option1 = nullptr; ///< "Alles"
-    QRadioButton* Option2 = nullptr; ///< "Seiten"
-    QLineEdit* Text8From = nullptr; ///< Text8(0)
-    QLineEdit* Text8To = nullptr; ///< Text8(1)
-    QPushButton* Command6 = nullptr; ///< "Drucken"
-
-    /// Lets the user set up the printer; false ends the print run. Tests put a printer file here.
-    std::function<bool(QPrinter&)> ShowPrintDialog;
 };
 
 void BuildStatementTab(Program& program, QWidget* tab);
@@ -48,4 +34,3 @@ void SetPageFields(Program& program);
 
 void NextPage(Program& program); ///< Command9(0)
 void PreviousPage(Program& program); ///< Command9(1)
-void PrintStatements(Program& program); ///< Command6

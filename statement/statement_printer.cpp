@@ -4,10 +4,8 @@
 #include "statement/page_player.h"
 #include "statement/statement_pages.h"
 
-#include <QGroupBox>
 #include <QGuiApplication>
 #include <QPainter>
-#include <QPrintDialog>
 #include <QPrinter>
 #include <QProgressDialog>
 
@@ -129,26 +127,6 @@ PrintDevice DeviceOf(Run& run)
 }
 
 } // namespace
-
-void PreparePrintDialog(QPrintDialog& dialog)
-{
-    dialog.setWindowTitle(u"Drucken"_s);
-    dialog.setOptions(QAbstractPrintDialog::PrintToFile | QAbstractPrintDialog::PrintShowPageSize);
-    // The dialog shows its range frame again whatever its options say; below a hidden parent it
-    // stays away.
-    if (auto* range = dialog.findChild<QWidget*>(u"gbPrintRange"_s)) {
-        auto* hidden = new QWidget(&dialog);
-        hidden->hide();
-        range->setParent(hidden);
-    }
-}
-
-bool AskForPrinter(QPrinter& printer, QWidget* window)
-{
-    QPrintDialog dialog(&printer, window);
-    PreparePrintDialog(dialog);
-    return dialog.exec() == QDialog::Accepted;
-}
 
 void SetUpPrinter(QPrinter& printer)
 {

@@ -1,4 +1,4 @@
-// The real printer behind the print run, its dialog, and the progress of long runs.
+// The real printer behind the print run, and the progress of long runs.
 #pragma once
 
 #include "statement/printing.h"
@@ -6,16 +6,8 @@
 #include <QString>
 
 class QPrinter;
-class QPrintDialog;
 class QWidget;
 struct StatementState;
-
-/// Puts the dialog's choices in order: the page numbers on the tab decide, so the dialog's own
-/// range, selection and collating are switched off.
-void PreparePrintDialog(QPrintDialog& dialog);
-
-/// Shows the printer dialog; false when it was cancelled.
-bool AskForPrinter(QPrinter& printer, QWidget* window);
 
 /// A4, portrait, 300 dots per inch, the printable area as large as the printer allows.
 void SetUpPrinter(QPrinter& printer);

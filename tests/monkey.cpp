@@ -161,7 +161,7 @@ void ChangeTheTab(Monkey& monkey)
 void ScrollThePreview(Monkey& monkey)
 {
     monkey.LastAction = QStringLiteral("scrolling");
-    QScrollBar* bar = monkey.Club.program.Preview.VScroll1;
+    QScrollBar* bar = monkey.Club.program.StatementPreview.VScroll1;
     bar->setValue(Below(monkey, bar->maximum() + 1));
 }
 
@@ -321,7 +321,7 @@ void Prepare(Monkey& monkey)
     club.Start({ 2017, 11, 20 });
     const QString stick = club.Folder.filePath(QStringLiteral("stick"));
     program.Backup.FindDrive = [stick] { return stick; };
-    program.Preview.ShowPrintDialog = [](QPrinter&) { return false; }; // the dialog is cancelled
+    program.PrintFrame.ShowPrintDialog = [](QPrinter&) { return false; }; // the dialog is cancelled
 
     const QMainWindow* window = program.Window.Window;
     monkey.Fields = window->findChildren<QLineEdit*>();

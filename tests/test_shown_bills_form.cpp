@@ -23,13 +23,15 @@ struct OpenClub : TestClub {
     QString TextOf(const char* name) const { return Control<QLineEdit>(name)->text(); }
     QImage Shown() const
     {
-        QImage shown = program.Preview.P2->grab().toImage().convertToFormat(QImage::Format_RGB32);
+        QImage shown
+            = program.StatementPreview.P2->grab().toImage().convertToFormat(QImage::Format_RGB32);
         shown.setDevicePixelRatio(1.0); // pixel by pixel
         return shown;
     }
     QImage Page(qsizetype page) const
     {
-        return PagePicture(program.Statement, page, program.Preview.P2->devicePixelRatioF());
+        return PagePicture(
+            program.Statement, page, program.StatementPreview.P2->devicePixelRatioF());
     }
 };
 
@@ -62,7 +64,7 @@ private Q_SLOTS:
         for (const char* save : { "Command5", "Command7" }) {
             club.Click(save);
             QCOMPARE(club.TextOf("Text7"), u"3"_s);
-            QCOMPARE(club.program.Preview.P2->objectName(), u"P2(2)"_s);
+            QCOMPARE(club.program.StatementPreview.P2->objectName(), u"P2(2)"_s);
             QCOMPARE(club.Shown(), club.Page(2));
         }
     }
@@ -84,7 +86,7 @@ private Q_SLOTS:
         QCOMPARE(club.TextOf("Text7"), u"1"_s);
         QCOMPARE(club.TextOf("Text8(1)"), u"3"_s);
         QCOMPARE(club.TextOf("Text9"), u"3"_s);
-        QCOMPARE(club.program.Preview.P2->objectName(), u"P2(0)"_s);
+        QCOMPARE(club.program.StatementPreview.P2->objectName(), u"P2(0)"_s);
         QCOMPARE(club.Shown(), club.Page(0));
         QVERIFY(club.Page(0) != club.Page(2));
     }
@@ -96,7 +98,7 @@ private Q_SLOTS:
         club.Click("Command3(1)"); // the year box shows 2016, the pages are still those of 2017
         QCOMPARE(club.program.Year.YearText, u"2016"_s);
         const QString path = club.Folder.filePath(u"bills.pdf"_s);
-        club.program.Preview.ShowPrintDialog = [&](QPrinter& printer) {
+        club.program.PrintFrame.ShowPrintDialog = [&](QPrinter& printer) {
             printer.setOutputFormat(QPrinter::PdfFormat);
             printer.setOutputFileName(path);
             return true;

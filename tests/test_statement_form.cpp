@@ -29,7 +29,8 @@ QImage PageOnScreen(const StatementTab& tab, qsizetype page)
 
 QImage Shown(const StatementTab& tab)
 {
-    QImage shown = tab.program.Preview.P2->grab().toImage().convertToFormat(QImage::Format_RGB32);
+    QImage shown
+        = tab.program.StatementPreview.P2->grab().toImage().convertToFormat(QImage::Format_RGB32);
     shown.setDevicePixelRatio(1.0); // pixel by pixel
     return shown;
 }
@@ -150,8 +151,8 @@ void TestStatementForm::the_shown_page_is_the_recorded_one()
     tab.Show(1024, 700);
     for (qsizetype page = 0; page < 8; ++page) {
         QCOMPARE(Shown(tab), PageOnScreen(tab, page));
-        QVERIFY(
-            tab.program.Preview.P2->accessibleName().endsWith(u"Seite %1 von 8"_s.arg(page + 1)));
+        QVERIFY(tab.program.StatementPreview.P2->accessibleName().endsWith(
+            u"Seite %1 von 8"_s.arg(page + 1)));
         tab.Click("Command9(0)");
     }
     tab.Click("Command9(1)");
@@ -163,7 +164,7 @@ void TestStatementForm::only_one_page_surface_exists_whatever_the_club()
 {
     StatementTab tab(YearOf(u"large-club"_s));
     QCOMPARE(tab.TextOf("Text9"), u"120"_s);
-    QCOMPARE(tab.program.Preview.P1->findChildren<QWidget*>().size(), 1);
+    QCOMPARE(tab.program.StatementPreview.P1->findChildren<QWidget*>().size(), 1);
 }
 
 void TestStatementForm::scrolling_moves_the_shown_page_and_carries_over()
@@ -172,9 +173,9 @@ void TestStatementForm::scrolling_moves_the_shown_page_and_carries_over()
     tab.Show(1024, 700);
     tab.Control<QScrollBar>("VScroll1")->setValue(12);
     QCOMPARE(tab.program.Statement.ScrollOffset, -120);
-    QCOMPARE(tab.program.Preview.P2->y(), -120);
+    QCOMPARE(tab.program.StatementPreview.P2->y(), -120);
     tab.Click("Command9(0)");
-    QCOMPARE(tab.program.Preview.P2->y(), -120);
+    QCOMPARE(tab.program.StatementPreview.P2->y(), -120);
     QCOMPARE(tab.program.Statement.PageTops, (std::vector<qint32> { -120, -120, 0 }));
 }
 
@@ -188,9 +189,9 @@ void TestStatementForm::a_rebuild_shows_page_one_at_the_current_scroll_position(
     RebuildStatementPages(tab.program);
     QCOMPARE(tab.TextOf("Text7"), u"1"_s);
     QCOMPARE(tab.TextOf("Text8(0)"), u"2"_s); // not touched
-    QCOMPARE(tab.program.Preview.P2->objectName(), u"P2(0)"_s);
-    QCOMPARE(tab.program.Preview.P2->y(), -50);
-    QVERIFY(tab.program.Preview.P2->isVisible());
+    QCOMPARE(tab.program.StatementPreview.P2->objectName(), u"P2(0)"_s);
+    QCOMPARE(tab.program.StatementPreview.P2->y(), -50);
+    QVERIFY(tab.program.StatementPreview.P2->isVisible());
     QCOMPARE(Shown(tab), PageOnScreen(tab, 0));
 }
 
@@ -234,9 +235,9 @@ void TestStatementForm::a_larger_window_moves_the_page_back_into_the_range()
     auto* bar = tab.Control<QScrollBar>("VScroll1");
     tab.Show(1024, 600);
     bar->setValue(bar->maximum());
-    QCOMPARE(tab.program.Preview.P2->y(), -10 * bar->maximum());
+    QCOMPARE(tab.program.StatementPreview.P2->y(), -10 * bar->maximum());
     tab.Show(1024, 1400);
-    QCOMPARE(tab.program.Preview.P2->y(), 0);
+    QCOMPARE(tab.program.StatementPreview.P2->y(), 0);
     QCOMPARE(tab.program.Statement.ScrollOffset, 0);
 }
 
@@ -245,10 +246,10 @@ void TestStatementForm::wheel_and_keys_scroll()
     StatementTab tab(YearOf(u"ledger-minus"_s));
     tab.Show(1024, 600);
     auto* bar = tab.Control<QScrollBar>("VScroll1");
-    QWidget* viewport = tab.program.Preview.P1;
+    QWidget* viewport = tab.program.StatementPreview.P1;
     Wheel(viewport, -120);
     QCOMPARE(bar->value(), 6);
-    QCOMPARE(tab.program.Preview.P2->y(), -60);
+    QCOMPARE(tab.program.StatementPreview.P2->y(), -60);
     QCOMPARE(viewport->childAt(20, 20), nullptr); // the page lets the viewport have it
     Wheel(viewport, 120);
     QCOMPARE(bar->value(), 0);
@@ -277,13 +278,13 @@ void TestStatementForm::the_wheel_over_the_desk_moves_the_page_too()
 {
     StatementTab tab(YearOf(u"ledger-minus"_s));
     tab.Show(1200, 600);
-    QWidget* desk = tab.program.Preview.Desk;
+    QWidget* desk = tab.program.StatementPreview.Desk;
     QCOMPARE(desk->childAt(20, 20), nullptr); // beside the page
     Wheel(desk, -120);
     QCOMPARE(tab.Control<QScrollBar>("VScroll1")->value(), 6);
-    QCOMPARE(tab.program.Preview.P2->y(), -60);
+    QCOMPARE(tab.program.StatementPreview.P2->y(), -60);
     Wheel(desk, 240);
-    QCOMPARE(tab.program.Preview.P2->y(), 0);
+    QCOMPARE(tab.program.StatementPreview.P2->y(), 0);
 }
 
 void TestStatementForm::page_keys_move_by_the_large_step_data()
@@ -299,14 +300,14 @@ void TestStatementForm::page_keys_move_by_the_large_step()
     QFETCH(int, height);
     StatementTab tab(YearOf(u"ledger-minus"_s));
     tab.Show(1024, height);
-    QWidget* viewport = tab.program.Preview.P1;
+    QWidget* viewport = tab.program.StatementPreview.P1;
     const ScrollRange range = ScrollRangeFor(PageHeight, viewport->height());
     QVERIFY(range.large_step > 1);
     const auto* bar = tab.Control<QScrollBar>("VScroll1");
     QTest::keyClick(viewport, Qt::Key_PageDown);
     QCOMPARE(bar->value(), range.large_step);
     QTest::keyClick(viewport, Qt::Key_PageDown);
-    QCOMPARE(tab.program.Preview.P2->y(), -20 * range.large_step);
+    QCOMPARE(tab.program.StatementPreview.P2->y(), -20 * range.large_step);
     QTest::keyClick(viewport, Qt::Key_PageUp);
     QCOMPARE(bar->value(), range.large_step);
 }
@@ -377,7 +378,7 @@ void TestStatementForm::an_empty_club_shows_a_blank_page()
     tab.Click("Command9(0)");
     tab.Click("Command9(1)");
     QCOMPARE(tab.TextOf("Text7"), u"1"_s);
-    QVERIFY(tab.program.Preview.P2->isVisible());
+    QVERIFY(tab.program.StatementPreview.P2->isVisible());
     QImage blank = Shown(tab);
     blank.fill(Qt::white);
     QCOMPARE(Shown(tab), blank);
@@ -488,7 +489,7 @@ void TestStatementForm::the_page_is_black_on_white_on_a_dark_desktop()
     tab.Tab.setPalette(dark);
     tab.Show(1024, 700);
     QCOMPARE(Shown(tab), PageOnScreen(tab, 0));
-    const QImage desk = tab.program.Preview.Desk->grab().toImage();
+    const QImage desk = tab.program.StatementPreview.Desk->grab().toImage();
     QVERIFY(qGray(desk.pixel(1, desk.height() / 2)) < 80);
 }
 

@@ -4,6 +4,7 @@
 #include "tests/support/printed.h"
 #include "tests/support/statement_tab.h"
 
+#include "statement/print_dialog.h"
 #include "statement/statement_pages.h"
 #include "statement/statement_printer.h"
 
@@ -231,7 +232,7 @@ void TestStatementPrinter::a_file_that_cannot_be_written_ends_silently()
 void TestStatementPrinter::a_run_that_fails_between_two_sheets_ends_silently()
 {
     StatementTab tab(YearOf(u"large-club"_s));
-    tab.program.Preview.ShowPrintDialog = [](QPrinter& printer) {
+    tab.program.PrintFrame.ShowPrintDialog = [](QPrinter& printer) {
         printer.setOutputFormat(QPrinter::PdfFormat);
         printer.setOutputFileName(u"/dev/full"_s); // a full disk: the first bytes are still taken
         return true;
@@ -281,7 +282,7 @@ void TestStatementPrinter::what_the_dialog_says_of_paper_and_dots_is_overruled()
 {
     StatementTab tab(YearOf(u"ordinary-year"_s));
     const QString path = tab.Folder.filePath(u"bills.pdf"_s);
-    tab.program.Preview.ShowPrintDialog = [&](QPrinter& printer) {
+    tab.program.PrintFrame.ShowPrintDialog = [&](QPrinter& printer) {
         printer.setOutputFormat(QPrinter::PdfFormat);
         printer.setOutputFileName(path);
         printer.setPageSize(QPageSize(QPageSize::Letter));

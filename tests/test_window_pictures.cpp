@@ -25,7 +25,7 @@ QPalette DarkPalette()
 /// The preview of a bill: its page, which is paper on every desktop.
 QColor PaperColour(const TestClub& club, const QImage& picture)
 {
-    const auto* page = club.program.Preview.P1;
+    const auto* page = club.program.StatementPreview.P1;
     const QPoint corner = page->mapTo(club.Window(), QPoint(page->width() / 2, 20));
     return picture.pixelColor(corner * picture.devicePixelRatio());
 }

@@ -20,7 +20,7 @@ StatementTab::StatementTab(const ExampleYear& example)
         Boxes += box.text + QStringLiteral(" | ") + box.detail;
         return BoxAnswer::Ok;
     };
-    program.Preview.ShowPrintDialog = [this](QPrinter&) {
+    program.PrintFrame.ShowPrintDialog = [this](QPrinter&) {
         ++DialogsShown;
         return false;
     };
@@ -53,7 +53,7 @@ void StatementTab::Type(const char* name, const QString& text)
 QString StatementTab::PrintTo(const QString& name)
 {
     const QString path = Folder.filePath(name);
-    program.Preview.ShowPrintDialog = [this, path](QPrinter& printer) {
+    program.PrintFrame.ShowPrintDialog = [this, path](QPrinter& printer) {
         ++DialogsShown;
         Job = printer.docName();
         printer.setOutputFormat(QPrinter::PdfFormat);
