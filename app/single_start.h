@@ -1,29 +1,24 @@
 // A second start on the same data: the first one's window comes to the front and the second ends.
-// The lock is held by the kernel, so a crash leaves nothing that could hold up the next start, and
-// nothing of this lies in the data directory. Beside data/system_files.cpp the only file that calls
-// the operating system.
+// The lock is held by the system, so a crash leaves nothing that could hold up the next start, and
+// nothing of this lies in the data directory. How a system locks and calls: app/start_lock.h.
 #pragma once
 
 #include "data/data_files.h"
-
-#include <QSocketNotifier>
 
 #include <functional>
 #include <memory>
 
 class QWidget;
+struct StartLock;
 
 /// The lock of a data directory and the ear for later starts. Both end with it.
 struct SingleStart {
-    SingleStart() = default;
+    SingleStart();
     SingleStart(const SingleStart&) = delete;
     SingleStart& operator=(const SingleStart&) = delete;
     ~SingleStart();
 
-    int Lock = -1; ///< descriptor of the locked file in the state directory
-    int Ear = -1; ///< descriptor of the socket
-    QString EarPath;
-    std::unique_ptr<QSocketNotifier> Notifier;
+    std::shared_ptr<StartLock> Lock; ///< what the system gives for them
 };
 
 /// To be called before anything else touches the files. True: this program may go on (also where

@@ -1,11 +1,10 @@
 #include "backup/copying.h"
 
-#include "data/system_files.h"
+#include "data/whole_files.h"
 
 #include <QRegularExpression>
 
 #include <algorithm>
-#include <cerrno>
 
 namespace {
 
@@ -14,12 +13,12 @@ const QString UnfinishedName = QStringLiteral(".parzello.neu");
 
 constexpr qint64 most_bytes = 4 * LargestFile; // of all files of a restore together
 
-RuntimeError CopyError(const QString& file, int error, const QString& remedy)
+RuntimeError CopyError(const QString& file, const SystemError& error, const QString& remedy)
 {
     Place where;
     where.file = file;
     where.remedy = remedy;
-    return { ErrorKind::File, where, MediumReasonOf(error) };
+    return { ErrorKind::File, where, ReasonOf(error) };
 }
 
 QString InFolder(const QString& folder, const QString& name)
@@ -58,8 +57,8 @@ QByteArray ReadFromStick(const QString& folder, const QString& name)
 {
     const QString path = InFolder(folder, name);
     QByteArray content;
-    const int error = IsLink(path) ? IsALink : ReadFileBytes(path, content);
-    if (error != 0) {
+    const SystemError error = IsLink(path) ? Fault::IsALink : ReadFileBytes(path, content);
+    if (error) {
         throw CopyError(name, error,
             QStringLiteral("Die Datei kann nicht aus „%1“ gelesen werden. Es wurde nichts "
                            "wiederhergestellt, alle Daten sind wie zuvor. Bitte prüfen, ob der "
@@ -87,24 +86,24 @@ QByteArray ReadFromData(const DataFiles& files, const QString& name)
     }
 }
 
-int WriteToFolder(
+SystemError WriteToFolder(
     const QString& source, const QString& folder, const QString& name, const QByteArray& content)
 {
     const QString unfinished = InFolder(folder, UnfinishedName);
-    int error = RemoveFile(unfinished); // left over when a stick was pulled
+    SystemError error = RemoveFile(unfinished); // left over when a stick was pulled
     Overwritten done = Overwritten::Nothing;
-    if (error == 0)
+    if (!error)
         error = OverwriteFile(unfinished, content, done);
-    if (error == 0) {
+    if (!error) {
         CopyFileTimes(source, unfinished); // a medium that keeps no times is still a backup
         error = ReplaceFile(unfinished, InFolder(folder, name));
     }
-    if (error != 0)
+    if (error)
         RemoveFile(unfinished); // the stick may be gone: then there is nothing to remove
     return error;
 }
 
-RuntimeError BackupFailed(const QString& file, int error, const QString& folder)
+RuntimeError BackupFailed(const QString& file, const SystemError& error, const QString& folder)
 {
     return CopyError(file, error,
         QStringLiteral("Die Sicherung nach „%1“ ist unvollständig. Bitte prüfen, ob der Stick "
@@ -121,7 +120,7 @@ QList<QByteArray> ReadAllFromStick(const QString& folder, const QStringList& nam
         contents += ReadFromStick(folder, name);
         bytes += contents.last().size();
         if (bytes > most_bytes) {
-            throw CopyError(name, FileTooLarge,
+            throw CopyError(name, Fault::TooLarge,
                 QStringLiteral("Die Dateien in „%1“ sind zusammen zu groß für eine Sicherung "
                                "dieses Programms. Es wurde nichts wiederhergestellt.")
                     .arg(folder));
@@ -153,7 +152,7 @@ QString NameInDataDirectory(const QStringList& existing, const QString& name)
     return name;
 }
 
-RuntimeError FolderUnreadable(const QString& folder, int error, Links links)
+RuntimeError FolderUnreadable(const QString& folder, const SystemError& error, Links links)
 {
     const QString what = QStringLiteral("Der Ordner „%1“ kann nicht gelesen werden. Es wurde "
                                         "nichts kopiert. ")
@@ -174,8 +173,8 @@ void CheckTarget(const DataFiles& files, const QString& name)
                          "wiederhergestellt, alle Daten sind wie zuvor.")
               .arg(files.DataDirectory);
     if (IsLink(path))
-        throw CopyError(name, IsALink, what);
-    if (const int error = CheckWritable(path); error != 0)
+        throw CopyError(name, Fault::IsALink, what);
+    if (const SystemError error = CheckWritable(path))
         throw FileError(files, name, error, FileDeed::Restore, what);
 }
 
@@ -203,17 +202,17 @@ bool IsDataFileName(const QString& name)
 QStringList DataFileNames(const QString& folder, Links links)
 {
     QStringList all;
-    int error = links == Links::PassOver ? CheckFolder(folder) : 0;
-    if (error == 0)
+    SystemError error = links == Links::PassOver ? CheckFolder(folder) : Fault::None;
+    if (!error)
         error = ListFiles(folder, links, all);
-    if (error != 0)
+    if (error)
         throw FolderUnreadable(folder, error, links);
     QStringList names;
     for (const QString& name : all) {
         if (!IsDataFileName(name))
             continue;
         if (!IsPlainName(name)) {
-            throw CopyError(Shown(name), NotAFileName,
+            throw CopyError(Shown(name), Fault::NotAFileName,
                 QStringLiteral("Es wurde nichts kopiert. Bitte die Datei im Ordner „%1“ löschen "
                                "oder umbenennen und es noch einmal versuchen.")
                     .arg(folder));
@@ -228,7 +227,7 @@ void CheckBackupFolder(const DataFiles& files, const QString& folder)
 {
     if (!IsSameFolder(files.DataDirectory, folder))
         return;
-    throw CopyError({}, IsDataDirectory,
+    throw CopyError({}, Fault::IsDataDirectory,
         QStringLiteral("Der Sicherungsordner „%1“ ist der Ordner, in dem das Programm selbst mit "
                        "seinen Daten liegt. Es wurde nichts kopiert. Bitte einen (anderen) "
                        "USB-Stick einstecken, einen Augenblick warten und es noch einmal "
@@ -238,8 +237,8 @@ void CheckBackupFolder(const DataFiles& files, const QString& folder)
 
 void CreateBackupFolder(const QString& folder)
 {
-    const int error = MakeFolder(folder);
-    if (error == 0)
+    const SystemError error = MakeFolder(folder);
+    if (!error)
         return;
     throw CopyError({}, error,
         QStringLiteral("Der Ordner „%1“ kann nicht angelegt werden. Es wurde nichts gesichert. "
@@ -252,16 +251,16 @@ void BackUpFiles(
 {
     for (qsizetype i = 0; i < names.size(); ++i) {
         const QByteArray content = ReadFromData(files, names[i]);
-        int error = 0;
+        SystemError error;
         if (!content.isEmpty()) {
             error
                 = WriteToFolder(InFolder(files.DataDirectory, names[i]), folder, names[i], content);
         }
-        if (error != 0)
+        if (error)
             throw BackupFailed(names[i], error, folder);
         done(i);
     }
-    if (const int error = FlushMedium(folder); error != 0)
+    if (const SystemError error = FlushMedium(folder))
         throw BackupFailed({}, error, folder);
 }
 

@@ -1,6 +1,6 @@
 // Which removable drive the data is saved to: the first removable volume in a fixed order. The rule
-// works on a plain list of volumes; where the list comes from is the business of drives_udisks2,
-// drives_sysfs and, on the platform with drive letters, drives_windows. Copying is in copying.h.
+// works on a plain list of volumes; where the list comes from is the business of
+// drives_….cpp of each system. Copying is in copying.h.
 #pragma once
 
 #include <QList>

@@ -1,7 +1,5 @@
 #include "backup/drives_udisks2.h"
 
-#include "backup/drives_sysfs.h"
-
 #include <QDBusArgument>
 #include <QDBusMessage>
 #include <QDBusObjectPath>
@@ -98,15 +96,4 @@ std::optional<QList<Volume>> VolumesFromUdisks2(const QDBusConnection& bus)
         }
     }
     return volumes;
-}
-
-QString FindRemovableDriveWith(const QDBusConnection& bus, const QString& root)
-{
-    const std::optional<QList<Volume>> volumes = VolumesFromUdisks2(bus);
-    return FirstRemovableVolume(volumes ? *volumes : VolumesFromSysfs(root));
-}
-
-QString FindRemovableDrive()
-{
-    return FindRemovableDriveWith(QDBusConnection::systemBus(), QStringLiteral("/"));
 }

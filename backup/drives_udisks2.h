@@ -9,7 +9,3 @@
 
 /// All mounted volumes that the service knows; nothing when it does not answer within two seconds.
 std::optional<QList<Volume>> VolumesFromUdisks2(const QDBusConnection& bus);
-
-/// FindRemovableDrive with the parts it asks: the service where it answers (even with an empty
-/// list), else mount table and kernel below root.
-QString FindRemovableDriveWith(const QDBusConnection& bus, const QString& root);

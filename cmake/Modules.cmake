@@ -1,5 +1,8 @@
 # How a target of this project is made. Every compiler flag stands in parzello_flags and nowhere else.
 
+# What calls the operating system stands in twins, ..._linux.cpp and so on; this one is built.
+string(TOLOWER ${CMAKE_SYSTEM_NAME} PARZELLO_SYSTEM)
+
 set(CMAKE_AUTOMOC OFF)
 set(CMAKE_AUTORCC ON)
 set(CMAKE_AUTORCC_OPTIONS "--format-version;1") # later ones note when a file was touched

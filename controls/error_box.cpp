@@ -1,6 +1,7 @@
 #include "controls/error_box.h"
 
-#include <cerrno>
+#include "data/system_error.h"
+
 #include <exception>
 #include <new>
 
@@ -44,7 +45,7 @@ void WithErrorBox(ErrorBoxState& state, const AskRoutine& ask, const std::functi
     } catch (const RuntimeError& error) {
         ReportError(state, ask, error);
     } catch (const std::bad_alloc&) {
-        ReportError(state, ask, { ErrorKind::File, {}, GermanReason(ENOMEM) });
+        ReportError(state, ask, { ErrorKind::File, {}, ReasonOf(Fault::NoMemory) });
     } catch (const std::exception& error) {
         RuntimeError unexpected { ErrorKind::File, {}, QString::fromUtf8(error.what()) };
         ReportError(state, ask, unexpected);

@@ -6,8 +6,6 @@
 #include <QDir>
 #include <QFileInfo>
 
-#include <cerrno>
-
 namespace {
 
 constexpr int key_length = 32; // hexadecimal digits; more than enough to tell folders apart
@@ -26,29 +24,20 @@ QString KeyOf(const QString& data_directory)
     return QString::fromLatin1(hash.toHex().left(key_length));
 }
 
-QString StateHome()
-{
-    const QString chosen = qEnvironmentVariable("XDG_STATE_HOME");
-    if (QDir::isAbsolutePath(chosen))
-        return QDir::cleanPath(chosen);
-    const QString home = HomeFolder();
-    return home.isEmpty() ? QString() : home + QStringLiteral("/.local/state");
-}
-
 QString TooLargeRemedy()
 {
     return QStringLiteral("So groß ist keine Datei dieses Programms. Bitte prüfen, ob sie "
                           "beschädigt ist.");
 }
 
-QString ReadRemedy(int error, const QString& folder)
+QString ReadRemedy(const SystemError& error, const QString& folder)
 {
-    switch (error) {
-    case EACCES:
-    case EPERM:
+    switch (error.Kind) {
+    case Fault::NoAccess:
+    case Fault::NotPermitted:
         return QStringLiteral("Bitte die Leserechte der Datei und des Ordners „%1“ prüfen.")
             .arg(folder);
-    case FileTooLarge:
+    case Fault::TooLarge:
         return TooLargeRemedy();
     default:
         return QStringLiteral("Bitte prüfen, ob die Datei im Ordner „%1“ liegt und der "
@@ -57,27 +46,27 @@ QString ReadRemedy(int error, const QString& folder)
     }
 }
 
-QString WriteRemedy(int error, const QString& folder, const QString& again)
+QString WriteRemedy(const SystemError& error, const QString& folder, const QString& again)
 {
-    switch (error) {
-    case ENOSPC:
-    case EDQUOT:
+    switch (error.Kind) {
+    case Fault::NoSpace:
+    case Fault::NoQuota:
         return QStringLiteral("Bitte auf dem Datenträger Platz schaffen und %1.").arg(again);
-    case EACCES:
-    case EPERM:
+    case Fault::NoAccess:
+    case Fault::NotPermitted:
         return QStringLiteral("Bitte die Schreibrechte der Datei und des Ordners „%1“ prüfen und "
                               "%2.")
             .arg(folder, again);
-    case EROFS:
+    case Fault::ReadOnlyMedium:
         return QStringLiteral("Bitte den Schreibschutz des Datenträgers aufheben und %1.")
             .arg(again);
-    case ENOENT:
-    case ENOTDIR:
+    case Fault::Missing:
+    case Fault::NotAFolder:
         return QStringLiteral("Bitte prüfen, ob der Ordner „%1“ noch da ist, und %2.")
             .arg(folder, again);
-    case NotAFileName:
+    case Fault::NotAFileName:
         return QStringLiteral("Bitte die Datei umbenennen.");
-    case FileTooLarge:
+    case Fault::TooLarge:
         return TooLargeRemedy();
     default:
         return QStringLiteral("Bitte prüfen, ob der Datenträger mit dem Ordner „%1“ in Ordnung "
@@ -98,9 +87,9 @@ QString Again(FileDeed deed)
     }
 }
 
-QString Remedy(int error, const QString& folder, FileDeed deed)
+QString Remedy(const SystemError& error, const QString& folder, FileDeed deed)
 {
-    if (error == EISDIR || error == NotARegularFile) {
+    if (error == Fault::IsAFolder || error == Fault::NotARegularFile) {
         return QStringLiteral("Im Ordner „%1“ liegt an der Stelle der Datei etwas anderes. Bitte "
                               "dieses umbenennen oder verschieben.")
             .arg(folder);
@@ -114,8 +103,9 @@ QString Remedy(int error, const QString& folder, FileDeed deed)
 
 QString StateDirectoryFor(const QString& data_directory)
 {
-    const QString home = StateHome();
-    return home.isEmpty() ? QString() : home + QStringLiteral("/parzello/") + KeyOf(data_directory);
+    const QString folder = UserStateFolder();
+    return folder.isEmpty() ? QString()
+                            : folder + QStringLiteral("/parzello/") + KeyOf(data_directory);
 }
 
 QString NameWithin(const QString& name)
@@ -136,8 +126,8 @@ QString FileNameOf(const QString& path_or_name)
     return path_or_name.mid(begin);
 }
 
-RuntimeError FileError(
-    const DataFiles& files, const QString& name, int error, FileDeed deed, const QString& before)
+RuntimeError FileError(const DataFiles& files, const QString& name, const SystemError& error,
+    FileDeed deed, const QString& before)
 {
     Place where;
     where.file = FileNameOf(name);

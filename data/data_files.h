@@ -3,6 +3,7 @@
 #pragma once
 
 #include "data/runtime_error.h"
+#include "data/system_error.h"
 
 #include <QString>
 
@@ -14,8 +15,8 @@ struct DataFiles {
 };
 
 /// The folder of this user that keeps the redo records and the lock of a data directory:
-/// $XDG_STATE_HOME or ~/.local/state, then "parzello" and a key of the directory's real path.
-/// Nothing is created. Empty when the user has no home.
+/// the user's state folder (UserStateFolder), then "parzello" and a key of the directory's real
+/// path. Nothing is created. Empty when the user has no home.
 QString StateDirectoryFor(const QString& data_directory);
 
 /// The name without the backslash (or slash) that begins it.
@@ -34,5 +35,5 @@ enum class FileDeed { Read, Write, Finish, Restore };
 
 /// The error of an operating system call with such a file; `before` is a sentence that precedes the
 /// remedy (what has become of the file).
-RuntimeError FileError(const DataFiles& files, const QString& name, int error, FileDeed deed,
-    const QString& before = {});
+RuntimeError FileError(const DataFiles& files, const QString& name, const SystemError& error,
+    FileDeed deed, const QString& before = {});

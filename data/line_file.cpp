@@ -2,7 +2,7 @@
 
 #include "data/ansi_text.h"
 #include "data/redo_record.h"
-#include "data/system_files.h"
+#include "data/whole_files.h"
 
 #include <QLocale>
 
@@ -49,8 +49,8 @@ void CheckLine(const QString& file, qsizetype line, qsizetype length, qsizetype 
 std::optional<RedoRecord> Noted(const DataFiles& files, const QString& name)
 {
     std::optional<RedoRecord> record;
-    const int error = FindRewrite(files.StateDirectory, NameWithin(name), record);
-    if (error != 0)
+    const SystemError error = FindRewrite(files.StateDirectory, NameWithin(name), record);
+    if (error)
         throw FileError(files, name, error, FileDeed::Read);
     return record;
 }
@@ -59,8 +59,9 @@ QByteArray ReadUpTo(const DataFiles& files, const QString& name, qint64 largest)
 {
     const std::optional<RedoRecord> record = Noted(files, name);
     QByteArray content;
-    const int error = record ? 0 : ReadFileBytes(PathOf(files, name), content, largest);
-    if (error != 0)
+    const SystemError error
+        = record ? Fault::None : ReadFileBytes(PathOf(files, name), content, largest);
+    if (error)
         throw FileError(files, name, error, FileDeed::Read);
     return record ? record->content : content;
 }
@@ -88,10 +89,10 @@ QStringList LinesOf(
 bool FileExists(const DataFiles& files, const QString& name)
 {
     bool is_folder = false;
-    const int error = LookUp(PathOf(files, name), is_folder);
-    if (error != 0 && !MeansMissing(error))
+    const SystemError error = LookUp(PathOf(files, name), is_folder);
+    if (error && !MeansMissing(error))
         throw FileError(files, name, error, FileDeed::Read);
-    return (error == 0 && !is_folder) || Noted(files, name).has_value();
+    return (!error && !is_folder) || Noted(files, name).has_value();
 }
 
 QByteArray ReadBytes(const DataFiles& files, const QString& name)
@@ -137,7 +138,7 @@ void RewriteLines(
         CheckLine(FileNameOf(name), i + 1, lines[i].size(), most_lines);
     const QByteArray content = BytesOfLines(lines);
     if (content.size() > LargestText)
-        throw FileError(files, name, FileTooLarge, FileDeed::Write,
+        throw FileError(files, name, Fault::TooLarge, FileDeed::Write,
             QStringLiteral("Es wurde nicht gespeichert."));
     RewriteFile(files, name, content);
 }

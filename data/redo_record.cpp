@@ -1,12 +1,10 @@
 #include "data/redo_record.h"
 
-#include "data/system_files.h"
+#include "data/whole_files.h"
 
 #include <QCryptographicHash>
 #include <QDataStream>
 #include <QIODevice>
-
-#include <cerrno>
 
 namespace {
 
@@ -28,12 +26,12 @@ QString BaseOf(const QString& state_directory, const QString& target)
         + QString::fromLatin1(HashOf(target.toUtf8()).toHex().left(key_length));
 }
 
-int ReadRecord(const QString& path, std::optional<RedoRecord>& record)
+SystemError ReadRecord(const QString& path, std::optional<RedoRecord>& record)
 {
     record.reset();
     QByteArray bytes;
-    const int error = ReadFileBytes(path, bytes);
-    if (error == 0)
+    const SystemError error = ReadFileBytes(path, bytes);
+    if (!error)
         record = DecodeRedoRecord(bytes);
     return error;
 }
@@ -75,48 +73,48 @@ bool IsTargetName(const QString& target)
 }
 
 // Written beside and then put in its place: the older record may be all there is of the file.
-int NoteRewrite(const QString& state_directory, const RedoRecord& record)
+SystemError NoteRewrite(const QString& state_directory, const RedoRecord& record)
 {
     if (state_directory.isEmpty())
-        return ENOENT;
+        return Fault::Missing;
     const QString base = BaseOf(state_directory, record.target);
-    int error = MakePrivateFolder(state_directory);
-    if (error == 0)
+    SystemError error = MakePrivateFolder(state_directory);
+    if (!error)
         error = WritePrivateFile(base + unfinished_ending, EncodeRedoRecord(record));
-    if (error == 0)
+    if (!error)
         error = ReplaceFile(base + unfinished_ending, base + record_ending);
-    if (error != 0)
+    if (error)
         RemoveFile(base + unfinished_ending); // if that fails too, the next start drops it
     return error;
 }
 
 // Emptied first: that alone makes the record void, whatever becomes of its name.
-int ForgetRewrite(const QString& state_directory, const QString& target)
+SystemError ForgetRewrite(const QString& state_directory, const QString& target)
 {
     const QString path = BaseOf(state_directory, target) + record_ending;
     bool is_folder = false;
     if (MeansMissing(LookUp(path, is_folder)))
-        return 0;
-    const int emptied = WritePrivateFile(path, {});
-    const int removed = RemoveFile(path);
-    return emptied == 0 ? 0 : removed;
+        return Fault::None;
+    const SystemError emptied = WritePrivateFile(path, {});
+    const SystemError removed = RemoveFile(path);
+    return emptied ? removed : Fault::None;
 }
 
-int FindRewrite(
+SystemError FindRewrite(
     const QString& state_directory, const QString& target, std::optional<RedoRecord>& record)
 {
     record.reset();
     if (state_directory.isEmpty())
-        return 0;
-    const int error = ReadRecord(BaseOf(state_directory, target) + record_ending, record);
-    return error == EACCES || MeansMissing(error) ? 0 : error;
+        return Fault::None;
+    const SystemError error = ReadRecord(BaseOf(state_directory, target) + record_ending, record);
+    return error == Fault::NoAccess || MeansMissing(error) ? Fault::None : error;
 }
 
-int FindRewrites(const QString& state_directory, QList<RedoRecord>& records)
+SystemError FindRewrites(const QString& state_directory, QList<RedoRecord>& records)
 {
     records.clear();
     QStringList names;
-    int error = ListFolder(state_directory, names);
+    SystemError error = ListFolder(state_directory, names);
     for (const QString& name : names) {
         const QString path = state_directory + QLatin1Char('/') + name;
         if (name.endsWith(unfinished_ending))
@@ -124,8 +122,8 @@ int FindRewrites(const QString& state_directory, QList<RedoRecord>& records)
         if (!name.endsWith(record_ending))
             continue;
         std::optional<RedoRecord> record;
-        const int read_error = ReadRecord(path, record);
-        if (read_error != 0)
+        const SystemError read_error = ReadRecord(path, record);
+        if (read_error)
             error = read_error;
         else if (record)
             records += *record;

@@ -3,6 +3,8 @@
 // itself may be half written. Why: docs/architecture.md, "Nothing confirmed is lost".
 #pragma once
 
+#include "data/system_error.h"
+
 #include <QByteArray>
 #include <QString>
 #include <QStringList>
@@ -25,16 +27,16 @@ std::optional<RedoRecord> DecodeRedoRecord(const QByteArray& bytes);
 bool IsTargetName(const QString& target);
 
 /// Writes the record and waits until it has reached the disk; it takes the place of an older one
-/// for the same file in one step. Returns 0 or an error number (data/system_files.h).
-int NoteRewrite(const QString& state_directory, const RedoRecord& record);
+/// for the same file in one step.
+SystemError NoteRewrite(const QString& state_directory, const RedoRecord& record);
 
-/// Removes the record of this file for good, if there is one. Returns 0 or an error number.
-int ForgetRewrite(const QString& state_directory, const QString& target);
+/// Removes the record of this file for good, if there is one.
+SystemError ForgetRewrite(const QString& state_directory, const QString& target);
 
 /// Looks up the complete record of this file. Nothing as well when the state directory may not be
-/// entered: nothing can be noted there either. Returns 0 or an error number.
-int FindRewrite(
+/// entered: nothing can be noted there either.
+SystemError FindRewrite(
     const QString& state_directory, const QString& target, std::optional<RedoRecord>& record);
 
-/// All complete records; incomplete ones are removed. Returns 0 or an error number.
-int FindRewrites(const QString& state_directory, QList<RedoRecord>& records);
+/// All complete records; incomplete ones are removed.
+SystemError FindRewrites(const QString& state_directory, QList<RedoRecord>& records);

@@ -1,9 +1,8 @@
 #include "data/rewrite_file.h"
 
 #include "data/redo_record.h"
-#include "data/system_files.h"
+#include "data/whole_files.h"
 
-#include <cerrno>
 #include <optional>
 
 namespace {
@@ -16,26 +15,29 @@ struct OldContent {
     QByteArray content;
 };
 
-int ReadOldContent(const DataFiles& files, const QString& target, OldContent& old)
+SystemError ReadOldContent(const DataFiles& files, const QString& target, OldContent& old)
 {
     std::optional<RedoRecord> record;
-    if (const int error = FindRewrite(files.StateDirectory, target, record); error != 0)
+    if (const SystemError error = FindRewrite(files.StateDirectory, target, record))
         return error; // what the file holds stands in there, and it must not be lost
     old.noted = record.has_value();
     if (record)
         old.content = record->content;
-    const int error = record ? 0 : ReadFileBytes(PathOf(files, target), old.content);
-    old.missing = error == ENOENT;
-    old.known = error == 0 || old.missing;
-    return 0;
+    const SystemError error
+        = record ? Fault::None : ReadFileBytes(PathOf(files, target), old.content);
+    old.missing = error == Fault::Missing;
+    old.known = !error || old.missing;
+    return Fault::None;
 }
 
-int PutBack(const DataFiles& files, const QString& target, const OldContent& old, Overwritten done)
+SystemError PutBack(
+    const DataFiles& files, const QString& target, const OldContent& old, Overwritten done)
 {
     if (!old.known)
-        return EIO;
+        return Fault::BrokenMedium;
     if (old.missing)
-        return done == Overwritten::Created ? RemoveFile(PathOf(files, target)) : EIO;
+        return done == Overwritten::Created ? RemoveFile(PathOf(files, target))
+                                            : Fault::BrokenMedium;
     return OverwriteFile(PathOf(files, target), old.content, done);
 }
 
@@ -47,7 +49,7 @@ const QString kept_for_next_start
 
 /// The remedy is about the folder of the records, not about the file's own.
 RuntimeError RecordError(
-    const DataFiles& files, const QString& target, int error, const QString& before)
+    const DataFiles& files, const QString& target, const SystemError& error, const QString& before)
 {
     const DataFiles record_files { files.StateDirectory, files.StateDirectory };
     return FileError(record_files, target, error, FileDeed::Write, before);
@@ -56,7 +58,7 @@ RuntimeError RecordError(
 /// The record could not be written; what there is of it goes, except that it may already have taken
 /// the place of an earlier one that must not go.
 RuntimeError NotNoted(
-    const DataFiles& files, const QString& target, const OldContent& old, int error)
+    const DataFiles& files, const QString& target, const OldContent& old, const SystemError& error)
 {
     if (files.StateDirectory.isEmpty()) {
         return RecordError(files, target, error,
@@ -67,8 +69,8 @@ RuntimeError NotNoted(
     if (!old.noted)
         ForgetRewrite(files.StateDirectory, target);
     std::optional<RedoRecord> record;
-    const int find_error = FindRewrite(files.StateDirectory, target, record);
-    if (!old.noted && (record || find_error != 0))
+    const SystemError find_error = FindRewrite(files.StateDirectory, target, record);
+    if (!old.noted && (record || find_error))
         return RecordError(files, target, error, kept_for_next_start);
     return RecordError(files, target, error,
         QStringLiteral("Die Datei ist unverändert: Vor jedem Speichern wird der neue Stand im "
@@ -79,11 +81,11 @@ RuntimeError NotNoted(
 /// The rewrite has failed after the record was written: back to the old state where that is
 /// possible.
 RuntimeError Undo(const DataFiles& files, const QString& target, const OldContent& old,
-    Overwritten done, int error)
+    Overwritten done, const SystemError& error)
 {
     const bool is_untouched = done == Overwritten::Nothing && !old.noted;
-    const bool is_back = is_untouched || PutBack(files, target, old, done) == 0;
-    if (is_back && ForgetRewrite(files.StateDirectory, target) == 0) {
+    const bool is_back = is_untouched || !PutBack(files, target, old, done);
+    if (is_back && !ForgetRewrite(files.StateDirectory, target)) {
         return FileError(files, target, error, FileDeed::Write,
             old.missing ? not_saved
                         : QStringLiteral("Es wurde nicht gespeichert, die Datei hat ihren alten "
@@ -94,34 +96,33 @@ RuntimeError Undo(const DataFiles& files, const QString& target, const OldConten
 
 void CheckTarget(const DataFiles& files, const QString& target, const QByteArray& content)
 {
-    int error = IsTargetName(target) ? 0 : NotAFileName;
-    if (error == 0 && content.size() > LargestContent)
-        error = FileTooLarge;
-    if (error == 0)
+    SystemError error = IsTargetName(target) ? Fault::None : Fault::NotAFileName;
+    if (!error && content.size() > LargestContent)
+        error = Fault::TooLarge;
+    if (!error)
         error = CheckWritable(PathOf(files, target));
-    if (error != 0) {
+    if (error)
         throw FileError(files, target, error, FileDeed::Write, not_saved);
-    }
 }
 
-int Finish(const DataFiles& files, const RedoRecord& record)
+SystemError Finish(const DataFiles& files, const RedoRecord& record)
 {
     const QString path = PathOf(files, record.target);
     QByteArray found;
     Overwritten done = Overwritten::Nothing;
-    const bool is_there = ReadFileBytes(path, found) == 0 && found == record.content;
-    const int error = is_there ? 0 : OverwriteFile(path, record.content, done);
-    return error != 0 ? error : ForgetRewrite(files.StateDirectory, record.target);
+    const bool is_there = !ReadFileBytes(path, found) && found == record.content;
+    const SystemError error = is_there ? Fault::None : OverwriteFile(path, record.content, done);
+    return error ? error : ForgetRewrite(files.StateDirectory, record.target);
 }
 
-RuntimeError NotFinished(const DataFiles& files, const QString& target, int error)
+RuntimeError NotFinished(const DataFiles& files, const QString& target, const SystemError& error)
 {
     return FileError(files, target, error, FileDeed::Finish,
         QStringLiteral("Das Speichern dieser Datei war unterbrochen worden. Ihr neuer Stand ist "
                        "vorgemerkt, ließ sich aber noch nicht eintragen; er bleibt vorgemerkt."));
 }
 
-RuntimeError NotSearched(const DataFiles& files, int error)
+RuntimeError NotSearched(const DataFiles& files, const SystemError& error)
 {
     return FileError({ files.StateDirectory, files.StateDirectory }, {}, error, FileDeed::Finish,
         QStringLiteral("Im Ordner „%1“ ließ sich nicht nachsehen, ob ein Speichern unterbrochen "
@@ -136,14 +137,14 @@ void RewriteFile(const DataFiles& files, const QString& name, const QByteArray& 
     const QString target = NameWithin(name);
     CheckTarget(files, target, content);
     OldContent old;
-    if (const int error = ReadOldContent(files, target, old); error != 0)
+    if (const SystemError error = ReadOldContent(files, target, old))
         throw RecordError(files, target, error, not_saved);
-    if (const int error = NoteRewrite(files.StateDirectory, { target, content }); error != 0)
+    if (const SystemError error = NoteRewrite(files.StateDirectory, { target, content }))
         throw NotNoted(files, target, old, error);
     Overwritten done = Overwritten::Nothing;
-    if (const int error = OverwriteFile(PathOf(files, target), content, done); error != 0)
+    if (const SystemError error = OverwriteFile(PathOf(files, target), content, done))
         throw Undo(files, target, old, done, error);
-    if (const int error = ForgetRewrite(files.StateDirectory, target); error != 0) {
+    if (const SystemError error = ForgetRewrite(files.StateDirectory, target)) {
         throw RecordError(files, target, error,
             QStringLiteral("Der neue Stand ist gespeichert, nur seine Vormerkung im Ordner „%1“ "
                            "ließ sich nicht löschen.")
@@ -154,14 +155,14 @@ void RewriteFile(const DataFiles& files, const QString& name, const QByteArray& 
 void FinishRewrites(const DataFiles& files)
 {
     QList<RedoRecord> records;
-    const int search_error = FindRewrites(files.StateDirectory, records);
+    const SystemError search_error = FindRewrites(files.StateDirectory, records);
     std::optional<RuntimeError> failure;
     for (const RedoRecord& record : records) {
-        if (const int error = Finish(files, record); error != 0)
+        if (const SystemError error = Finish(files, record))
             failure = NotFinished(files, record.target, error);
     }
     if (failure)
         throw RuntimeError(*failure);
-    if (search_error != 0)
+    if (search_error)
         throw NotSearched(files, search_error);
 }

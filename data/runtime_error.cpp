@@ -2,53 +2,6 @@
 
 #include <QStringList>
 
-#include <cerrno>
-#include <cstring>
-
-namespace {
-
-struct Reason {
-    int number;
-    const char* german;
-};
-
-// The wording of the desktop's own German messages; the system's strerror would be English without
-// a German locale.
-constexpr Reason reasons[] = {
-    { ENOENT, "Datei oder Verzeichnis nicht gefunden" },
-    { EACCES, "Keine Berechtigung" },
-    { EPERM, "Vorgang nicht zulässig" },
-    { EISDIR, "Ist ein Verzeichnis" },
-    { ENOTDIR, "Ist kein Verzeichnis" },
-    { ENOSPC, "Auf dem Gerät ist kein Speicherplatz mehr verfügbar" },
-    { EDQUOT, "Der zugewiesene Speicherplatz ist überschritten" },
-    { EROFS, "Das Dateisystem ist nur lesbar" },
-    { EIO, "Eingabe-/Ausgabefehler" },
-    { EBUSY, "Das Gerät oder die Ressource ist belegt" },
-    { ETXTBSY, "Die Datei wird gerade benutzt" },
-    { ENODEV, "Kein passendes Gerät gefunden" },
-    { ENXIO, "Kein passendes Gerät gefunden" },
-    { ENAMETOOLONG, "Der Dateiname ist zu lang" },
-    { EMFILE, "Zu viele offene Dateien" },
-    { ENFILE, "Zu viele offene Dateien im System" },
-    { EFBIG, "Die Datei ist zu groß" },
-    { ELOOP, "Zu viele Ebenen aus symbolischen Verknüpfungen" },
-    { ENOMEM, "Nicht genügend Hauptspeicher verfügbar" },
-    { EINVAL, "Ungültiger Aufruf" },
-    { EEXIST, "Die Datei existiert bereits" },
-};
-
-} // namespace
-
-QString GermanReason(int error_number)
-{
-    for (const Reason& reason : reasons) {
-        if (reason.number == error_number)
-            return QString::fromUtf8(reason.german);
-    }
-    return QStringLiteral("Fehler %1 des Betriebssystems").arg(error_number);
-}
-
 QString ErrorHeadline(const RuntimeError& error)
 {
     switch (error.kind) {

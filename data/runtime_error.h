@@ -35,7 +35,3 @@ QString ErrorHeadline(const RuntimeError& error);
 
 /// Second paragraph: one sentence that names file, line, member and field, followed by the remedy.
 QString ErrorSentence(const RuntimeError& error);
-
-/// German wording of an errno value ("Keine Berechtigung"), also where the system has no German
-/// locale.
-QString GermanReason(int error_number);

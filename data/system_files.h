@@ -1,57 +1,74 @@
-// The operating system's files, reduced to what this program needs of them. The only place that
-// calls the system; another system gets its own system_files_….cpp. Nothing is thrown here: every
-// routine returns 0 or an error number, and ReasonOf says it in German.
+// The operating system's files, call by call: what data/whole_files makes its steps of. Each system
+// has a system_files_….cpp of its own behind this header. Nothing is thrown here.
 #pragma once
+
+#include "data/system_error.h"
 
 #include <QByteArray>
 #include <QString>
 #include <QStringList>
 
-constexpr int NotARegularFile = -1; ///< a pipe or a device stands where a file should
-constexpr int FileTooLarge = -2; ///< more than LargestFile bytes
-constexpr int WrittenOtherwise = -3; ///< what is read back is not what was written
-constexpr int NotAFileName = -4; ///< empty, with a separator or with a null character
+enum class OpenMode {
+    Read, ///< an existing file; never waits for a pipe or a device
+    Change, ///< an existing file, to read and write
+    CreateNew, ///< fails when something of that name is there
+    CreatePrivate, ///< created when it is missing, only this user may read it; never behind a link
+};
 
-/// Bytes; no file of this program comes near it.
-constexpr qint64 LargestFile = 256LL * 1024 * 1024;
-constexpr qint64 LargestContent = LargestFile - 4096; ///< its redo record is a little larger
+/// An open file; closed at the latest when it goes out of sight.
+class SystemFile {
+public:
+    SystemFile() = default;
+    SystemFile(const SystemFile&) = delete;
+    SystemFile& operator=(const SystemFile&) = delete;
+    ~SystemFile() { Close(); }
 
-/// German wording of such an error number.
-QString ReasonOf(int error);
+    SystemError Open(const QString& path, OpenMode mode);
 
-/// True for the error numbers that only say that nothing of that name is there.
-bool MeansMissing(int error);
+    /// Its size in bytes; IsAFolder or NotARegularFile when it is no file.
+    SystemError FindSize(qint64& size) const;
+
+    /// Reads on from where the last call ended: at most `space` bytes; 0 at the end.
+    SystemError ReadSome(char* into, qsizetype space, qsizetype& count) const;
+
+    /// Leaves a file of no bytes.
+    SystemError Empty() const;
+
+    /// Writes at that position what the system takes in one go.
+    SystemError WriteSome(
+        const char* from, qsizetype size, qint64 position, qsizetype& count) const;
+
+    /// Waits until what was written has reached the disk.
+    SystemError Sync() const;
+
+    /// None as well for a file that is not open.
+    SystemError Close();
+
+private:
+    qintptr Handle = -1; ///< what the system calls the open file by
+};
 
 /// Finds out whether there is something of that name, and whether it is a folder.
-int LookUp(const QString& path, bool& is_folder);
-
-/// Reads a whole regular file of at most `largest` bytes. Never waits for a pipe or a device.
-int ReadFileBytes(const QString& path, QByteArray& content, qint64 largest = LargestFile);
-
-/// 0 when the file can be opened for reading and writing, or is missing. Changes nothing.
-int CheckWritable(const QString& path);
-
-/// What OverwriteFile did before it returned.
-enum class Overwritten { Nothing, Existing, Created };
-
-/// Empties the file and writes the content, waits until it has reached the disk and compares it.
-/// Creates a missing file. An error with `done` other than Nothing leaves the file in any state.
-int OverwriteFile(const QString& path, const QByteArray& content, Overwritten& done);
-
-/// Creates or overwrites a file that only this user may read; otherwise like OverwriteFile.
-int WritePrivateFile(const QString& path, const QByteArray& content);
+SystemError LookUp(const QString& path, bool& is_folder);
 
 /// Gives a file the name of another one of the same folder, which it replaces in one step.
-int ReplaceFile(const QString& from, const QString& to);
+SystemError RenameFile(const QString& from, const QString& to);
 
-/// Removes a file; 0 as well when it is missing.
-int RemoveFile(const QString& path);
+SystemError UnlinkFile(const QString& path);
 
-/// Creates a folder that only this user may enter, and the missing ones above it.
-int MakePrivateFolder(const QString& path);
+/// Creates one folder that only this user may enter.
+SystemError MakeOnePrivateFolder(const QString& path);
+
+/// A new, renamed or removed name is safe only when its folder has reached the disk. None as well
+/// where the file system knows no such thing.
+SystemError SyncFolder(const QString& path);
 
 /// Names of the entries of a folder, sorted; none when the folder is missing.
-int ListFolder(const QString& path, QStringList& names);
+SystemError ListFolder(const QString& path, QStringList& names);
 
-/// The home folder of this user; empty when there is none.
-QString HomeFolder();
+/// The folder above, as this system writes it.
+QString FolderOf(const QString& path);
+
+/// The folder in which programs keep what belongs to this user and this computer; empty when there
+/// is none.
+QString UserStateFolder();

@@ -5,6 +5,7 @@
 #include "controls/message_boxes.h"
 
 #include <QApplication>
+#include <QSocketNotifier>
 #include <QTimer>
 #include <QWidget>
 #include <QWindow>

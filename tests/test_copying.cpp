@@ -403,7 +403,7 @@ private Q_SLOTS:
         Write(folders.Data("Konto2016.pz"), "half a n");
         QCOMPARE(NoteRewrite(folders.Files.StateDirectory,
                      { QStringLiteral("Konto2016.pz"), "half a new content" }),
-            0);
+            Fault::None);
         BackUpFiles(folders.Files, folders.Stick, Texts({ "Konto2016.pz" }), Nothing);
         QCOMPARE(Read(folders.OnStick("Konto2016.pz")), QByteArray("half a new content"));
     }

@@ -1,4 +1,5 @@
 // Asking the disk service, against a mock of it on a message bus of the test's own.
+#include "backup/drives_linux.h"
 #include "backup/drives_udisks2.h"
 
 #include <QDBusConnectionInterface>

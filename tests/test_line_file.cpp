@@ -1,6 +1,6 @@
 // Files as lines: names, look-up, reading, the bytes of lines, whole rewrites.
 #include "data/line_file.h"
-#include "data/system_files.h"
+#include "data/whole_files.h"
 #include "tests/support/data_folders.h"
 
 #include <QDir>

@@ -16,7 +16,7 @@ const RedoRecord example { u"Konto2016.pz"_s, QByteArray("a;\0b\r\n\xFF", 7) };
 std::optional<RedoRecord> Found(const DataFolders& folders, const QString& target)
 {
     std::optional<RedoRecord> record;
-    if (FindRewrite(folders.files.StateDirectory, target, record) != 0)
+    if (FindRewrite(folders.files.StateDirectory, target, record))
         qFatal("look-up fails");
     return record;
 }
@@ -93,17 +93,17 @@ private Q_SLOTS:
     {
         const DataFolders folders;
         const QString& state = folders.files.StateDirectory;
-        QCOMPARE(NoteRewrite(state, { u"a"_s, "1" }), 0);
-        QCOMPARE(NoteRewrite(state, { u"b"_s, "2" }), 0);
-        QCOMPARE(NoteRewrite(state, { u"a"_s, "3" }), 0);
+        QCOMPARE(NoteRewrite(state, { u"a"_s, "1" }), Fault::None);
+        QCOMPARE(NoteRewrite(state, { u"b"_s, "2" }), Fault::None);
+        QCOMPARE(NoteRewrite(state, { u"a"_s, "3" }), Fault::None);
         QCOMPARE(Found(folders, u"a"_s)->content, QByteArray("3"));
         QCOMPARE(Found(folders, u"b"_s)->content, QByteArray("2"));
         QVERIFY(!Found(folders, u"c"_s).has_value());
         QCOMPARE(folders.StateNames().size(), 2);
-        QCOMPARE(ForgetRewrite(state, u"a"_s), 0);
+        QCOMPARE(ForgetRewrite(state, u"a"_s), Fault::None);
         QVERIFY(!Found(folders, u"a"_s).has_value());
-        QCOMPARE(ForgetRewrite(state, u"b"_s), 0);
-        QCOMPARE(ForgetRewrite(state, u"c"_s), 0);
+        QCOMPARE(ForgetRewrite(state, u"b"_s), Fault::None);
+        QCOMPARE(ForgetRewrite(state, u"c"_s), Fault::None);
         QCOMPARE(folders.StateNames(), QStringList {});
     }
 
@@ -111,8 +111,8 @@ private Q_SLOTS:
     {
         const DataFolders folders;
         const QString& state = folders.files.StateDirectory;
-        QCOMPARE(NoteRewrite(state, example), 0);
-        QCOMPARE(NoteRewrite(state, { u"b"_s, "22" }), 0);
+        QCOMPARE(NoteRewrite(state, example), Fault::None);
+        QCOMPARE(NoteRewrite(state, { u"b"_s, "22" }), Fault::None);
         const QStringList names = folders.StateNames();
         for (const QString& name : names) {
             if (Found(folders, u"b"_s).has_value() && Found(folders, example.target).has_value())
@@ -123,7 +123,7 @@ private Q_SLOTS:
         QFile foreign(state + u"/lock"_s);
         QVERIFY(foreign.open(QIODevice::WriteOnly));
         QList<RedoRecord> records;
-        QCOMPARE(FindRewrites(state, records), 0);
+        QCOMPARE(FindRewrites(state, records), Fault::None);
         QCOMPARE(records.size(), 1);
         QCOMPARE(folders.StateNames().size(), 2); // the complete one and what is none of ours
         QVERIFY(folders.StateNames().contains(u"lock"_s));
@@ -133,7 +133,7 @@ private Q_SLOTS:
     {
         const DataFolders folders;
         QList<RedoRecord> records { example };
-        QCOMPARE(FindRewrites(folders.files.StateDirectory, records), 0);
+        QCOMPARE(FindRewrites(folders.files.StateDirectory, records), Fault::None);
         QVERIFY(records.isEmpty());
         QVERIFY(!Found(folders, u"a"_s).has_value());
     }
@@ -142,7 +142,7 @@ private Q_SLOTS:
     {
         const DataFolders folders;
         const QString state = folders.files.StateDirectory + u"/parzello/key"_s;
-        QCOMPARE(NoteRewrite(state, example), 0);
+        QCOMPARE(NoteRewrite(state, example), Fault::None);
         const QString name = QDir(state).entryList(QDir::Files).value(0);
         QCOMPARE(QFile::permissions(state + u'/' + name) & ~(QFile::ReadUser | QFile::WriteUser),
             QFile::ReadOwner | QFile::WriteOwner);

@@ -2,7 +2,7 @@
 // the crash-matrix.
 #include "data/line_file.h"
 #include "data/redo_record.h"
-#include "data/system_files.h"
+#include "data/whole_files.h"
 #include "tests/support/data_folders.h"
 
 #include <QDir>
@@ -39,7 +39,7 @@ QString FinishError(const DataFiles& files)
 
 void Note(const DataFolders& folders, const QString& target, const QByteArray& content)
 {
-    QCOMPARE(NoteRewrite(folders.files.StateDirectory, { target, content }), 0);
+    QCOMPARE(NoteRewrite(folders.files.StateDirectory, { target, content }), Fault::None);
 }
 
 const QString ledger = u"\\Konto2016.pz"_s;

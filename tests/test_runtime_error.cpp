@@ -1,5 +1,6 @@
 // The wording of error boxes.
 #include "data/runtime_error.h"
+#include "data/system_error.h"
 
 #include <QtTest>
 
@@ -17,7 +18,7 @@ private Q_SLOTS:
             QStringLiteral("Laufzeitfehler 13: Typen unverträglich"));
         QCOMPARE(ErrorHeadline({ ErrorKind::InvalidIndex, {}, {} }),
             QStringLiteral("Laufzeitfehler 381: Ungültiger Index"));
-        QCOMPARE(ErrorHeadline({ ErrorKind::File, {}, GermanReason(ENOSPC) }),
+        QCOMPARE(ErrorHeadline({ ErrorKind::File, {}, ReasonOf(Fault::NoSpace) }),
             QStringLiteral("Auf dem Gerät ist kein Speicherplatz mehr verfügbar"));
     }
 

@@ -43,7 +43,7 @@ const QList<Unfinished> all {
 
 void Note(const TestClub& club, const QString& name, const QByteArray& content)
 {
-    QCOMPARE(NoteRewrite(club.program.Files.StateDirectory, { name, content }), 0);
+    QCOMPARE(NoteRewrite(club.program.Files.StateDirectory, { name, content }), Fault::None);
 }
 
 QStringList Records(const TestClub& club)

@@ -25,7 +25,7 @@ void Put(const DataFiles& files, const QString& name, const QByteArray& content)
 
 void NoteFor(const DataFiles& files, const QString& name, const QByteArray& content)
 {
-    if (NoteRewrite(files.StateDirectory, { NameWithin(name), content }) != 0)
+    if (NoteRewrite(files.StateDirectory, { NameWithin(name), content }))
         qFatal("cannot prepare the record of %s", qPrintable(name));
 }
 

@@ -85,7 +85,7 @@ void PrepareUnfinishedYear(const DataFiles& files)
 {
     PrepareYear(files);
     Put(files, bank_file, bookings.left(20));
-    if (NoteRewrite(files.StateDirectory, { bank_file, bookings }) != 0)
+    if (NoteRewrite(files.StateDirectory, { bank_file, bookings }))
         qFatal("cannot prepare the record");
 }
 

@@ -1,6 +1,6 @@
 #include "backup/medium.h"
 
-#include "data/system_files.h"
+#include "data/system_error_linux.h"
 
 #include <QFile>
 
@@ -18,15 +18,16 @@ constexpr mode_t folder_mode = 0777; // less what the user's mask takes away
 
 /// A file that cannot be looked at is an error: passed over, it would be missing in a backup that
 /// calls itself complete.
-int LookAt(int folder, const char* name, Links links, bool& is_regular)
+SystemError LookAt(int folder, const char* name, Links links, bool& is_regular)
 {
     struct stat status { };
     const int flags = links == Links::Follow ? 0 : AT_SYMLINK_NOFOLLOW;
     is_regular = false;
     if (::fstatat(folder, name, &status, flags) != 0)
-        return errno == ENOENT ? 0 : errno; // vanished, or a link that leads nowhere
+        return errno == ENOENT ? Fault::None
+                               : LastError(); // vanished, or a link that leads nowhere
     is_regular = S_ISREG(status.st_mode);
-    return 0;
+    return Fault::None;
 }
 
 int OpenFolder(const QString& folder)
@@ -50,52 +51,53 @@ QByteArray NameWithoutSlash(const QString& folder)
 
 } // namespace
 
-int ListFiles(const QString& folder, Links links, QStringList& names)
+SystemError ListFiles(const QString& folder, Links links, QStringList& names)
 {
     names.clear();
     const int descriptor = OpenFolder(folder);
     DIR* entries = descriptor < 0 ? nullptr : ::fdopendir(descriptor);
     if (entries == nullptr) {
-        const int open_error = errno;
+        const SystemError open_error = LastError();
         if (descriptor >= 0)
             ::close(descriptor);
         return open_error;
     }
-    int error = 0;
+    SystemError error;
     errno = 0;
     while (const dirent* entry = ::readdir(entries)) {
         bool is_regular = false;
-        const int look_error = LookAt(::dirfd(entries), entry->d_name, links, is_regular);
-        if (look_error != 0)
+        if (const SystemError look_error
+            = LookAt(::dirfd(entries), entry->d_name, links, is_regular))
             error = look_error;
         if (is_regular)
             names += QFile::decodeName(entry->d_name);
         errno = 0;
     }
-    if (error == 0)
-        error = errno;
-    const int close_error = ::closedir(entries) == 0 || errno == EINTR ? 0 : errno;
-    return error != 0 ? error : close_error;
+    if (!error)
+        error = LastError();
+    const SystemError close_error
+        = ::closedir(entries) == 0 || errno == EINTR ? Fault::None : LastError();
+    return error ? error : close_error;
 }
 
-int CheckFolder(const QString& folder)
+SystemError CheckFolder(const QString& folder)
 {
     struct stat status { };
     if (::lstat(NameWithoutSlash(folder).constData(), &status) != 0)
-        return errno;
+        return LastError();
     if (S_ISLNK(status.st_mode))
-        return IsALink;
-    return S_ISDIR(status.st_mode) ? 0 : ENOTDIR;
+        return Fault::IsALink;
+    return S_ISDIR(status.st_mode) ? Fault::None : Fault::NotAFolder;
 }
 
-int MakeFolder(const QString& folder)
+SystemError MakeFolder(const QString& folder)
 {
     if (::mkdir(NameWithoutSlash(folder).constData(), folder_mode) == 0)
-        return 0;
-    const int error = errno;
+        return Fault::None;
+    const SystemError error = LastError();
     // A write-protected medium refuses with another reason than "exists", although it does.
-    const int check = CheckFolder(folder);
-    return check == ENOENT ? error : check;
+    const SystemError check = CheckFolder(folder);
+    return check == Fault::Missing ? error : check;
 }
 
 bool IsLink(const QString& path)
@@ -113,31 +115,24 @@ bool IsSameFolder(const QString& a, const QString& b)
         && first.st_ino == second.st_ino;
 }
 
-int CopyFileTimes(const QString& from, const QString& to)
+SystemError CopyFileTimes(const QString& from, const QString& to)
 {
     struct stat status { };
     if (::stat(QFile::encodeName(from).constData(), &status) != 0)
-        return errno;
+        return LastError();
     const std::array<timespec, 2> times { status.st_atim, status.st_mtim };
-    return ::utimensat(AT_FDCWD, QFile::encodeName(to).constData(), times.data(), 0) == 0 ? 0
-                                                                                          : errno;
+    return ::utimensat(AT_FDCWD, QFile::encodeName(to).constData(), times.data(), 0) == 0
+        ? Fault::None
+        : LastError();
 }
 
-int FlushMedium(const QString& folder)
+SystemError FlushMedium(const QString& folder)
 {
     const int descriptor = OpenFolder(folder);
     if (descriptor < 0)
-        return errno;
-    const int error = ::syncfs(descriptor) == 0 ? 0 : errno;
-    const int close_error = ::close(descriptor) == 0 || errno == EINTR ? 0 : errno;
-    return error != 0 ? error : close_error;
-}
-
-QString MediumReasonOf(int error)
-{
-    if (error == IsALink)
-        return QStringLiteral("Ist nur eine Verknüpfung");
-    if (error == IsDataDirectory)
-        return QStringLiteral("Daten und Sicherung lägen im selben Ordner");
-    return ReasonOf(error);
+        return LastError();
+    const SystemError error = ::syncfs(descriptor) == 0 ? Fault::None : LastError();
+    const SystemError close_error
+        = ::close(descriptor) == 0 || errno == EINTR ? Fault::None : LastError();
+    return error ? error : close_error;
 }
