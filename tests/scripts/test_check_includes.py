@@ -7,9 +7,12 @@ from pathlib import Path
 
 CHECK = Path(__file__).resolve().parents[2] / "scripts" / "check-includes"
 HOUSE = {
-    "data/CMakeLists.txt": "parzello_plain_library(data SOURCES\n    lines.cpp\n)\n",
+    "data/CMakeLists.txt": "parzello_plain_library(data SOURCES\n    lines.cpp\n"
+    "    files_${PARZELLO_SYSTEM}.cpp\n)\n",
     "data/lines.h": "#include <QString>\n#include <vector>\n",
-    "data/lines.cpp": '#include "data/lines.h"\n#include <unistd.h>\n',
+    "data/lines.cpp": '#include "data/lines.h"\n#include "data/files.h"\n',
+    "data/files.h": "#include <QString>\n",
+    "data/files_linux.cpp": '#include "data/files.h"\n#include <unistd.h>\n',
     "members/CMakeLists.txt": "parzello_plain_library(members SOURCES lists.cpp KNOWS data)\n",
     "members/lists.h": '#include "data/lines.h"\n',
     "members/lists.cpp": '#include "members/lists.h"\n',
@@ -55,3 +58,6 @@ must_fail(
     },
     "a plain file may not know members/painter.h",
 )
+must_fail({"data/lines.cpp": "#include <sys/stat.h>\n"}, "only a file named after its system may know <sys/stat.h>")
+must_fail({"data/files.h": "#include <cerrno>\n"}, "data/files.h:1: only a file named after its system")
+must_fail({"data/files_linux.cpp": "#include <QWidget>\n"}, "a plain file may not know <QWidget>")
