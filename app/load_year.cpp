@@ -88,6 +88,7 @@ void LoadYear(Program& program)
         program.Ask(box);
         return;
     }
+    const RedrawsPostponed until_done(program);
     program.Members = ReadLists(program);
     program.Year.LoadedYear = year;
     ClearLedgers(program);

@@ -184,6 +184,7 @@ void BuildMainWindow(Program& program)
     window->setCentralWidget(BuildContent(program));
     window->resize(FirstSize(program));
     program.Window.SSTab1->setFocus(); // else the first button has the focus: "Beenden"
+    BuildMore(program);
     BuildShortcuts(program);
     HookEvent(qApp, QEvent::Quit, SessionEnds);
     ConnectHandlers(program); // last: building a tab control signals tab changes
@@ -193,4 +194,5 @@ void DestroyMainWindow(Program& program)
 {
     delete program.Window.Window;
     program.Window = {};
+    program.Reports.Opened.clear(); // their windows went with the main window
 }

@@ -1,6 +1,8 @@
 // The main window: club name, "Beenden", the tab control with its four tabs.
 #pragma once
 
+#include "app/more.h"
+
 class QLabel;
 class QLineEdit;
 class QMainWindow;
@@ -16,6 +18,7 @@ struct MainWindowForm {
     QLineEdit* Text5 = nullptr; ///< club name entry, only while "\V.dat" is missing
     QPushButton* Command22 = nullptr; ///< saves the club name
     QPushButton* Command8 = nullptr; ///< "Beenden"
+    MoreForm More; ///< in the corner of the tabs
 };
 
 /// Builds the window with all four tabs and connects every handler. The window is not shown and

@@ -18,6 +18,7 @@
 #include "data/line_file.h"
 #include "members/member_form.h"
 #include "members/member_lists.h"
+#include "report/report_form.h"
 #include "settings/bank_settings.h"
 #include "settings/price_settings.h"
 #include "settings/settings_form.h"
@@ -53,6 +54,7 @@ struct Program {
     SettingsState Settings; // settings/settings_form.h
     StatementState Statement; // statement/statement_state.h
     CashBookState CashBook; // cashbook/ledger.h
+    ReportWindows Reports; // report/report_form.h
 
     MainWindowForm Window;
     MemberForm MembersTab; // tab "Stammdaten"

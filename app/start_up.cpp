@@ -84,6 +84,7 @@ void ShowMemberZero(Program& program)
 
 void StartUp(Program& program)
 {
+    const RedrawsPostponed until_done(program);
     WithErrorBox(program.Errors, program.Ask, [&program] {
         Step(program, [](Program& p) { FinishRewrites(p.Files); });
         ResetCashBook(program);

@@ -141,7 +141,8 @@ void Tint(QWidget* field, TintKind kind, const QString& tool_tip)
         return;
     }
     QPalette palette;
-    palette.setColor(QPalette::Base, Blend(palette.color(QPalette::Base), TintColour(kind)));
+    for (const QPalette::ColorRole ground : { QPalette::Base, QPalette::Button })
+        palette.setColor(ground, Blend(palette.color(ground), TintColour(kind)));
     field->setPalette(palette);
     field->setProperty(tint_property, static_cast<int>(kind));
     field->setToolTip(tool_tip);

@@ -231,6 +231,7 @@ void DrawStatementPages(Program& program)
     FitScrollBar(program);
     ShowWhatWillBePrinted(program);
     ShowPage(program);
+    TellRedraw(program);
 }
 
 void RebuildStatementPages(Program& program)

@@ -1,0 +1,66 @@
+#include "app/more.h"
+
+#include "app/program.h"
+#include "check/check_form.h"
+#include "controls/fields.h"
+
+#include <QAction>
+#include <QKeySequence>
+#include <QMainWindow>
+#include <QMenu>
+#include <QPushButton>
+#include <QShortcut>
+#include <QTabBar>
+#include <QTabWidget>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+void OpenMenu(Program& program) // More
+{
+    const QPushButton* button = program.Window.More.More;
+    QMenu* menu = program.Window.More.MoreMenu;
+    const QPoint below(button->width() - menu->sizeHint().width(), button->height());
+    menu->popup(button->mapToGlobal(below)); // returns at once; exec() would wait for a choice
+    menu->setActiveAction(menu->actions().constFirst());
+}
+
+/// Its keys work wherever the focus is in the main window.
+void AddEntry(Program& program, const MoreEntry& entry)
+{
+    auto* action = new QAction(entry.caption, program.Window.More.MoreMenu);
+    action->setObjectName(entry.name);
+    action->setShortcut(QKeySequence(entry.keys));
+    program.Window.More.MoreMenu->addAction(action);
+    program.Window.Window->addAction(action);
+    On(program, action, &QAction::triggered, entry.run);
+}
+
+} // namespace
+
+const std::vector<MoreEntry>& MoreEntries()
+{
+    static const std::vector<MoreEntry> entries {
+        { u"MoreCheck"_s, u"&Prüfbericht …"_s, u"F9"_s, ShowCheckReport },
+    };
+    return entries;
+}
+
+void BuildMore(Program& program)
+{
+    MoreForm& form = program.Window.More;
+    QTabWidget* tabs = program.Window.SSTab1;
+    form.More = Named(
+        MakeButton(tabs, u"Mehr"_s, u"Prüfbericht und weitere Werkzeuge (F10)"_s), u"More"_s);
+    form.More->setMinimumWidth(0); // the corner is as wide as the style wants it, no wider
+    form.More->setAccessibleName(u"Mehr Werkzeuge"_s);
+    form.MoreMenu = Named(new QMenu(form.More), u"MoreMenu"_s);
+    for (const MoreEntry& entry : MoreEntries())
+        AddEntry(program, entry);
+    tabs->setCornerWidget(form.More, Qt::TopRightCorner);
+    form.More->show(); // a corner widget of a shown row stays hidden otherwise
+    On(program, form.More, &QPushButton::clicked, OpenMenu);
+    auto* key = new QShortcut(QKeySequence(Qt::Key_F10), program.Window.Window);
+    On(program, key, &QShortcut::activated, OpenMenu);
+}
