@@ -1,6 +1,7 @@
 #include "app/follow_link.h"
 
 #include "app/program.h"
+#include "cashbook/ledger_view_form.h"
 #include "data/records.h"
 
 #include <QLineEdit>

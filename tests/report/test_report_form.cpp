@@ -1,5 +1,6 @@
 // The window of the reports: made anew when it is looked at, links by mouse and keys, search,
 // paper, PDF.
+#include "cashbook/ledger_view_form.h"
 #include "report/report_form.h"
 #include "tests/support/club.h"
 
