@@ -6,7 +6,7 @@
 #include "data/dates.h"
 #include "report/report_html.h"
 #include "report/report_paper_form.h"
-#include "statement/statement_printer.h"
+#include "statement/print_dialog.h"
 
 #include <QFileDialog>
 #include <QHBoxLayout>
