@@ -45,12 +45,6 @@ void StepYear(Program& program, int index)
 
 namespace {
 
-/// One step of the sequence: what goes wrong in it is shown, and the next step runs all the same.
-template <typename Routine> void Step(Program& program, Routine routine)
-{
-    WithErrorBox(program.Errors, program.Ask, [&] { routine(program); });
-}
-
 /// Both members files, read into fresh lists: when one cannot be read, the lists in memory stay.
 MemberLists ReadLists(const Program& program)
 {
@@ -101,13 +95,13 @@ void LoadYear(Program& program)
     program.Year.CurrentLedgerName = BankLedgerFileName(year);
     ShowSettingsYear(program);
     SetPageFields(program);
-    Step(program, ReadCashBoxLedger);
+    RunStep(program, ReadCashBoxLedger);
     MakeBankAccountCurrent(program);
     program.Year.CurrentLedgerName = QStringLiteral("/Konto") + year + QStringLiteral(".pz");
 
-    Step(program, LoadSettings);
-    Step(program, RebuildStatementPages);
-    Step(program, DrawStatementPages);
-    Step(program, ShowLedger);
-    Step(program, ShowFirstOrCurrentMember);
+    RunStep(program, LoadSettings);
+    RunStep(program, RebuildStatementPages);
+    RunStep(program, DrawStatementPages);
+    RunStep(program, ShowLedger);
+    RunStep(program, ShowFirstOrCurrentMember);
 }

@@ -29,6 +29,7 @@
 #include <QDate>
 
 #include <functional>
+#include <type_traits>
 
 /// The year that is chosen and how it stands to the loaded one.
 struct YearState {
@@ -66,16 +67,20 @@ struct Program {
 };
 
 /// Connects a control's signal to a handler inside WithErrorBox. The handler takes the program, and
-/// the signal's arguments if it wants them. (While Qt looks for the fitting number of arguments it
-/// tries the lambda with fewer; those are never called.)
-template <typename Sender, typename Signal, typename Handler>
-void On(Program& program, Sender* sender, Signal signal, Handler handler)
+/// all of the signal's arguments if it wants them.
+template <typename Sender, typename Object, typename... Arguments, typename Handler>
+void On(Program& program, Sender* sender, void (Object::*signal)(Arguments...), Handler handler)
 {
-    QObject::connect(sender, signal, sender, [&program, handler](auto&&... arguments) {
-        if constexpr (std::is_invocable_v<Handler, Program&, decltype(arguments)...>)
-            WithErrorBox(program.Errors, program.Ask, [&] { handler(program, arguments...); });
-        else if constexpr (std::is_invocable_v<Handler, Program&>)
-            WithErrorBox(program.Errors, program.Ask, [&] { handler(program); });
+    constexpr bool takes_arguments = std::is_invocable_v<Handler, Program&, Arguments...>;
+    static_assert(takes_arguments || std::is_invocable_v<Handler, Program&>,
+        "the handler's parameters do not fit the signal: it would never run");
+    QObject::connect(sender, signal, sender, [&program, handler](Arguments... arguments) {
+        WithErrorBox(program.Errors, program.Ask, [&] {
+            if constexpr (takes_arguments)
+                handler(program, arguments...);
+            else
+                handler(program);
+        });
     });
 }
 
@@ -89,4 +94,10 @@ void OnEvent(Program& program, QObject* watched, QEvent::Type type, Handler hand
         WithErrorBox(program.Errors, program.Ask, [&] { swallowed = handler(program, event); });
         return swallowed;
     });
+}
+
+/// One step of a sequence: what goes wrong in it is shown, and the next step runs all the same.
+template <typename Routine> void RunStep(Program& program, Routine routine)
+{
+    WithErrorBox(program.Errors, program.Ask, [&] { routine(program); });
 }

@@ -12,11 +12,6 @@
 
 namespace {
 
-template <typename Routine> void Step(Program& program, Routine routine)
-{
-    WithErrorBox(program.Errors, program.Ask, [&] { routine(program); });
-}
-
 void TakeTodaysYear(Program& program)
 {
     const int year = program.Today().year();
@@ -86,9 +81,9 @@ void StartUp(Program& program)
 {
     const RedrawsPostponed until_done(program);
     WithErrorBox(program.Errors, program.Ask, [&program] {
-        Step(program, [](Program& p) { FinishRewrites(p.Files); });
+        RunStep(program, [](Program& p) { FinishRewrites(p.Files); });
         ResetCashBook(program);
-        Step(program, ReadClubName);
+        RunStep(program, ReadClubName);
         TakeTodaysYear(program);
         SetCalendarsToToday(program);
         program.Year.CurrentLedgerName = BankLedgerFileName(program.Year.YearText);
@@ -96,15 +91,15 @@ void StartUp(Program& program)
         ShowSettingsYear(program);
         ShowClubName(program);
         ShowYear(program);
-        Step(program, ReadMembersOfTheYear);
-        Step(program, ReadCashBoxLedger);
+        RunStep(program, ReadMembersOfTheYear);
+        RunStep(program, ReadCashBoxLedger);
         SetUpLedgerColumns(program);
         MakeBankAccountCurrent(program);
-        Step(program, ShowLedger);
-        Step(program, LoadSettings);
+        RunStep(program, ShowLedger);
+        RunStep(program, LoadSettings);
         program.Settings.SettingsSaved = true;
-        Step(program, RebuildStatementPages);
-        Step(program, ShowMemberZero);
-        Step(program, LoadYear);
+        RunStep(program, RebuildStatementPages);
+        RunStep(program, ShowMemberZero);
+        RunStep(program, LoadYear);
     });
 }
