@@ -8,13 +8,59 @@
 #include "data/dates.h"
 #include "data/file_names.h"
 
+#include <QHBoxLayout>
 #include <QLineEdit>
+#include <QPushButton>
 
-#include <utility>
+#include <algorithm>
+
+namespace {
+
+constexpr int box_characters = 10; // at most
+
+} // namespace
+
+QHBoxLayout* BuildYearRow(Program& program, QWidget* parent)
+{
+    YearForm& form = program.YearRow;
+    form.Command3[1] = Named(MakeButton(parent, QStringLiteral("◄"),
+                                 QStringLiteral("Ein Jahr zurück. Geladen wird es mit „Laden“.")),
+        QStringLiteral("Command3"), 1);
+    form.Command3[1]->setAccessibleName(QStringLiteral("Ein Jahr zurück"));
+    form.Text2 = Named(MakeField(parent, FieldKind::DisplayOnly, 5, QStringLiteral("Jahr")),
+        QStringLiteral("Text2"));
+    form.Text2->setAlignment(Qt::AlignCenter);
+    form.Text2->setMaximumWidth(form.Text2->fontMetrics().averageCharWidth() * box_characters);
+    form.Command3[0] = Named(MakeButton(parent, QStringLiteral("►"),
+                                 QStringLiteral("Ein Jahr vor. Geladen wird es mit „Laden“.")),
+        QStringLiteral("Command3"), 0);
+    form.Command3[0]->setAccessibleName(QStringLiteral("Ein Jahr vor"));
+    form.Command4 = Named(
+        MakeButton(parent, QStringLiteral("Laden"),
+            QStringLiteral("Lädt die Mitglieder, Preise und Konten des Jahres, das links steht.")),
+        QStringLiteral("Command4"));
+    for (QPushButton* arrow : form.Command3)
+        arrow->setFixedWidth(std::max(32, arrow->fontMetrics().averageCharWidth() * 4));
+    form.Command4->setMinimumWidth(0); // this row decides how narrow the tab can be
+
+    auto* row = new QHBoxLayout;
+    row->setSpacing(FrameSpacing);
+    row->addWidget(form.Command3[1]);
+    row->addWidget(form.Text2, 1);
+    row->addWidget(form.Command3[0]);
+    row->addWidget(form.Command4);
+    row->addStretch();
+    for (int index = 0; index < 2; ++index) {
+        On(program, form.Command3[static_cast<std::size_t>(index)], &QPushButton::clicked,
+            [index](Program& p) { StepYear(p, index); });
+    }
+    On(program, form.Command4, &QPushButton::clicked, LoadYear);
+    return row;
+}
 
 void ShowYear(Program& program)
 {
-    QLineEdit* year_box = program.MembersTab.Text2;
+    QLineEdit* year_box = program.YearRow.Text2;
     year_box->setText(program.Year.YearText);
     const QString& year = program.Year.YearText;
     const QString& loaded = program.Year.LoadedYear;
@@ -45,15 +91,6 @@ void StepYear(Program& program, int index)
 
 namespace {
 
-/// Both members files, read into fresh lists: when one cannot be read, the lists in memory stay.
-MemberLists ReadLists(const Program& program)
-{
-    MemberLists lists;
-    ReadMembersFile(lists, program.Files, program.Year.YearText);
-    ReadPreviousYear(lists, program.Files, program.Year.YearText);
-    return lists;
-}
-
 void ClearLedgers(Program& program)
 {
     program.CashBook.BankLedger.clear();
@@ -83,7 +120,7 @@ void LoadYear(Program& program)
         return;
     }
     const RedrawsPostponed until_done(program);
-    program.Members = ReadLists(program);
+    program.Members = ReadBothYears(program.Files, year);
     program.Year.LoadedYear = year;
     ClearLedgers(program);
     ClearFields(program, 1);

@@ -1,7 +1,23 @@
 // Choosing and loading a year: the year buttons and "Laden".
 #pragma once
 
+#include <array>
+
+class QHBoxLayout;
+class QLineEdit;
+class QPushButton;
+class QWidget;
 struct Program;
+
+/// The year row at the top of the tab "Stammdaten".
+struct YearForm {
+    std::array<QPushButton*, 2> Command3 {}; ///< year forward, year back
+    QLineEdit* Text2 = nullptr; ///< year box, display only
+    QPushButton* Command4 = nullptr; ///< "Laden"
+};
+
+/// Makes and connects the year row.
+QHBoxLayout* BuildYearRow(Program& program, QWidget* parent);
 
 /// Command3(index): 0 one year forward (not past today's year), 1 one year back. Nothing is loaded.
 void StepYear(Program& program, int index);

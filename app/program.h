@@ -15,9 +15,13 @@
 #include "controls/error_box.h"
 #include "controls/events.h"
 #include "controls/message_boxes.h"
+#include "data/dates.h"
 #include "data/line_file.h"
+#include "members/member_fields_form.h"
 #include "members/member_form.h"
 #include "members/member_lists.h"
+#include "members/member_names_form.h"
+#include "members/member_tab_form.h"
 #include "report/report_form.h"
 #include "settings/bank_settings.h"
 #include "settings/price_settings.h"
@@ -33,10 +37,10 @@
 
 /// The year that is chosen and how it stands to the loaded one.
 struct YearState {
-    QString YearText; ///< four digits; set by start-up and the year buttons
+    BillingYear YearText; ///< set by start-up and the year buttons
     qint16 YearNumber
         = 0; ///< the start-up year as a number; prices are carried over only into this year
-    QString LoadedYear; ///< the year of the lists in memory; empty before the first load
+    BillingYear LoadedYear; ///< the year of the lists in memory; empty before the first load
     QString CurrentLedgerName; ///< kept as written by the loading sequence; nothing reads it
 };
 
@@ -58,7 +62,9 @@ struct Program {
     ReportWindows Reports; // report/report_form.h
 
     MainWindowForm Window;
-    MemberForm MembersTab; // tab "Stammdaten"
+    YearForm YearRow; // tab "Stammdaten", as the next two
+    MemberForm MembersTab;
+    MemberNamesForm NameLists;
     StatementForm StatementPreview; // tab "Druckvorlagen"
     PrintFrameForm PrintFrame; // the frame "Drucken" on the tab "Druckvorlagen"
     CashBookForm CashBookTab; // tab "Kontoführung"

@@ -26,14 +26,6 @@ void SetCalendarsToToday(Program& program)
     SetSettingsCalendarsToToday(program);
 }
 
-void ReadBothYears(Program& program)
-{
-    MemberLists lists;
-    ReadMembersFile(lists, program.Files, program.Year.YearText);
-    ReadPreviousYear(lists, program.Files, program.Year.YearText);
-    program.Members = lists;
-}
-
 /// The first start of a new year: last year's members with their end readings as start readings.
 /// The new file is computed whole and written before anything is kept.
 void BeginNewYear(Program& program)
@@ -55,7 +47,7 @@ void ReadMembersOfTheYear(Program& program)
     const bool this_year = FileExists(program.Files, MembersFileName(year));
     const bool last_year = FileExists(program.Files, MembersFileName(PreviousYear(year)));
     if (this_year && last_year)
-        ReadBothYears(program);
+        program.Members = ReadBothYears(program.Files, year);
     else if (last_year)
         BeginNewYear(program);
     else {

@@ -1,11 +1,13 @@
 // The texts of the messages that starting, loading a year, the tab guard and the club name show.
 #pragma once
 
+#include "data/dates.h"
+
 #include <QString>
 
 inline const QString WindowCaption = QStringLiteral("Kleingarten Parzello");
 
-inline QString NoDataForYear(const QString& year_text)
+inline QString NoDataForYear(const BillingYear& year_text)
 {
     return QStringLiteral("Für ") + year_text + QStringLiteral(" sind keine Daten gespeichert.");
 }

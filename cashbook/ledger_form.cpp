@@ -38,12 +38,6 @@ void ShowHint(Program& program, const QString& text)
     program.Ask(box);
 }
 
-/// A step of a longer action: what goes wrong in it is shown, and the action goes on.
-template <typename Routine> void Step(Program& program, Routine routine)
-{
-    WithErrorBox(program.Errors, program.Ask, [&] { routine(program); });
-}
-
 /// The first lines of an account in a year without a file: last year's balance, written at once, or
 /// none and a warning.
 QStringList OpenYear(Program& program)
@@ -128,7 +122,7 @@ void ShowCashBox(Program& program)
     program.CashBookTab.Command15->setText(SwitchToBank);
     ShowAccountTitle(program);
     program.CashBook.LedgerFileName = CashBoxLedgerFileName(program.Year.YearText);
-    Step(program, LoadCashBox);
+    RunStep(program, LoadCashBox);
 }
 
 void SaveAccount(Program& program, Account account)
@@ -144,9 +138,9 @@ void LoadPending(Program& program)
     // before the load: one that fails must not run again at the next booking and empty the list
     program.CashBook.LedgerReloadPending = false;
     if (program.CashBook.LedgerWithoutHistory)
-        Step(program, LoadLedgerWithoutHistory);
+        RunStep(program, LoadLedgerWithoutHistory);
     else
-        Step(program, LoadLedger);
+        RunStep(program, LoadLedger);
 }
 
 void SortCurrentLedger(Program& program)
@@ -292,7 +286,7 @@ void ShowLedger(Program& program)
     if (reloads)
         ShowLedgerRow(program, -1); // the last bookings are the ones that are looked for
     ShowCashBookMarks(program);
-    Step(program, ShowOverview);
+    RunStep(program, ShowOverview);
     ShowPaidMarks(program);
 }
 

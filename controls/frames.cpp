@@ -6,6 +6,7 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QPushButton>
+#include <QVBoxLayout>
 
 QGroupBox* MakeFrame(QWidget* parent, const QString& caption)
 {
@@ -16,6 +17,14 @@ QGroupBox* MakeFrame(QWidget* parent, const QString& caption)
 }
 
 QGridLayout* GridOf(QGroupBox* frame) { return static_cast<QGridLayout*>(frame->layout()); }
+
+QVBoxLayout* ColumnOf(QGroupBox* frame)
+{
+    auto* column = new QVBoxLayout(frame);
+    column->setContentsMargins(FrameSpacing, FrameSpacing, FrameSpacing, FrameSpacing);
+    column->setSpacing(FrameSpacing);
+    return column;
+}
 
 QLabel* AddRow(QGridLayout* grid, const QString& caption, QWidget* field)
 {

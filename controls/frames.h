@@ -7,6 +7,7 @@ class QGridLayout;
 class QGroupBox;
 class QLabel;
 class QPushButton;
+class QVBoxLayout;
 class QWidget;
 
 inline constexpr int AmountCharacters = 10;
@@ -18,6 +19,9 @@ QGroupBox* MakeFrame(QWidget* parent, const QString& caption);
 
 /// The grid of a frame that MakeFrame made.
 QGridLayout* GridOf(QGroupBox* frame);
+
+/// A column as layout of a frame that has none yet.
+QVBoxLayout* ColumnOf(QGroupBox* frame);
 
 /// A caption and its field as the next row of the grid; returns the caption.
 QLabel* AddRow(QGridLayout* grid, const QString& caption, QWidget* field);

@@ -24,7 +24,7 @@ int FullYear(int year)
     return year < 50 ? 2000 + year : 1900 + year;
 }
 
-QString YearBeside(const QString& year_text, int step)
+QString YearBeside(const BillingYear& year_text, int step)
 {
     Place where;
     where.field = QStringLiteral("Jahr");
@@ -66,6 +66,6 @@ bool IsWellFormedDate(const QString& text)
     return date && ShortDate(*date) == text;
 }
 
-QString PreviousYear(const QString& year_text) { return YearBeside(year_text, -1); }
+BillingYear PreviousYear(const BillingYear& year_text) { return YearBeside(year_text, -1); }
 
-QString NextYear(const QString& year_text) { return YearBeside(year_text, 1); }
+BillingYear NextYear(const BillingYear& year_text) { return YearBeside(year_text, 1); }

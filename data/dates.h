@@ -6,6 +6,9 @@
 
 #include <optional>
 
+/// A year as text, four digits: the year of a set of files, of a bill, of prices.
+using BillingYear = QString;
+
 /// The short date form, always dd.mm.yyyy ("03.02.2016").
 QString ShortDate(const QDate& date);
 
@@ -22,7 +25,7 @@ bool IsWellFormedDate(const QString& text);
 
 /// The text of the year before ("2017" gives "2016"); throws RuntimeError TypeMismatch when the
 /// text is no number.
-QString PreviousYear(const QString& year_text);
+BillingYear PreviousYear(const BillingYear& year_text);
 
 /// The text of the year after.
-QString NextYear(const QString& year_text);
+BillingYear NextYear(const BillingYear& year_text);

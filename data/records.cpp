@@ -28,7 +28,7 @@ const QString& FieldAt(const QStringList& fields, int field, const Place& where)
 
 QString FieldOrEmpty(const QStringList& fields, int field) { return fields.value(field); }
 
-QString NameEntry(const QStringList& fields)
+QString NameEntry(const MemberRecord& fields)
 {
     return FieldOrEmpty(fields, Surname) + QLatin1Char(',') + FieldOrEmpty(fields, FirstName);
 }

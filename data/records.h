@@ -30,6 +30,9 @@ enum MemberField {
     MemberFieldCount
 };
 
+/// A member's line, split: 16 texts by MemberField; fewer or more when the file was edited by hand.
+using MemberRecord = QStringList;
+
 /// Captions of the 16 fields, for messages ("Endstand Strom").
 QString MemberFieldCaption(int field);
 
@@ -47,7 +50,7 @@ const QString& FieldAt(const QStringList& fields, int field, const Place& where)
 QString FieldOrEmpty(const QStringList& fields, int field);
 
 /// Surname, comma, first name with no blank; missing fields are empty.
-QString NameEntry(const QStringList& fields);
+QString NameEntry(const MemberRecord& fields);
 
 /// A booking: date, text, deposit, withdrawal. Positions of the fields of a ledger line.
 enum LedgerField { BookingDate = 0, BookingText, Deposit, Withdrawal, LedgerFieldCount };

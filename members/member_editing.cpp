@@ -25,7 +25,7 @@ SaveWay DecideSave(const MemberState& member, const MemberLists& lists)
     return lists.RecordList.isEmpty() ? SaveWay::Add : SaveWay::Update;
 }
 
-void AddMember(MemberLists& lists, const QStringList& fields)
+void AddMember(MemberLists& lists, const MemberRecord& fields)
 {
     if (lists.RecordList.size() >= MostLines) {
         Place where;
@@ -41,7 +41,7 @@ void AddMember(MemberLists& lists, const QStringList& fields)
     lists.InstalmentList += FieldOrEmpty(fields, Instalments);
 }
 
-void ReplaceMember(MemberLists& lists, int position, const QStringList& fields)
+void ReplaceMember(MemberLists& lists, int position, const MemberRecord& fields)
 {
     RequirePosition(lists, position,
         QStringLiteral("Das neue Mitglied ist noch nicht gespeichert, weil in ein Feld geklickt "
@@ -55,7 +55,7 @@ void ReplaceMember(MemberLists& lists, int position, const QStringList& fields)
     lists.InstalmentList[position] = FieldOrEmpty(fields, Instalments);
 }
 
-void ReplaceRecord(MemberLists& lists, int position, const QStringList& fields)
+void ReplaceRecord(MemberLists& lists, int position, const MemberRecord& fields)
 {
     RequirePosition(lists, position,
         QStringLiteral("Es ist kein Mitglied ausgewählt. Klicken Sie das Mitglied unter "
@@ -76,7 +76,7 @@ void RemoveMember(MemberLists& lists, int position)
     lists.InstalmentList.removeAt(position);
 }
 
-Place RecordPlace(const QString& year_text, int position, const QStringList& fields)
+Place RecordPlace(const BillingYear& year_text, int position, const MemberRecord& fields)
 {
     Place where;
     where.file = FileNameOf(MembersFileName(year_text));
@@ -85,7 +85,7 @@ Place RecordPlace(const QString& year_text, int position, const QStringList& fie
     return where;
 }
 
-Place ShortRecordPlace(const QString& year_text, int position, const QStringList& fields)
+Place ShortRecordPlace(const BillingYear& year_text, int position, const MemberRecord& fields)
 {
     Place where = RecordPlace(year_text, position, fields);
     where.field = MemberFieldCaption(static_cast<int>(fields.size()));
@@ -96,7 +96,7 @@ Place ShortRecordPlace(const QString& year_text, int position, const QStringList
 }
 
 Place ReadingPlace(
-    const QString& year_text, int position, const QStringList& fields, MemberField field)
+    const BillingYear& year_text, int position, const MemberRecord& fields, MemberField field)
 {
     Place where = RecordPlace(year_text, position, fields);
     where.field = MemberFieldCaption(field);
@@ -110,6 +110,13 @@ int NeighbourOf(int current, int step, qsizetype member_count)
 {
     const int last = static_cast<int>(member_count) - 1;
     return last < 0 ? -1 : std::clamp(current + step, 0, last);
+}
+
+QString StoredText(const MemberLists& lists, const MemberState& member, int field)
+{
+    if (member.CurrentMember < 0)
+        return {};
+    return FieldOrEmpty(SplitRecord(lists.StoredList.value(member.CurrentMember)), field);
 }
 
 bool IsNumberField(int field) { return field >= PlotSize && field < MemberFieldCount; }

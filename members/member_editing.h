@@ -16,33 +16,37 @@ enum class SaveWay { Update, Add };
 SaveWay DecideSave(const MemberState& member, const MemberLists& lists);
 
 /// Appends a member (16 fields). Throws RuntimeError Overflow when all positions are taken.
-void AddMember(MemberLists& lists, const QStringList& fields);
+void AddMember(MemberLists& lists, const MemberRecord& fields);
 
 /// Replaces the record and the names at that position. Throws RuntimeError InvalidIndex when there
 /// is no such position; nothing is changed then.
-void ReplaceMember(MemberLists& lists, int position, const QStringList& fields);
+void ReplaceMember(MemberLists& lists, int position, const MemberRecord& fields);
 
 /// Replaces the record alone: entering readings leaves the names as they are. Throws like
 /// ReplaceMember.
-void ReplaceRecord(MemberLists& lists, int position, const QStringList& fields);
+void ReplaceRecord(MemberLists& lists, int position, const MemberRecord& fields);
 
 /// Removes the member; those behind him move up. Throws like ReplaceMember.
 void RemoveMember(MemberLists& lists, int position);
 
 /// File, line and member of a record of that year, for messages.
-Place RecordPlace(const QString& year_text, int position, const QStringList& fields);
+Place RecordPlace(const BillingYear& year_text, int position, const MemberRecord& fields);
 
 /// RecordPlace for a record with fewer than 16 fields that is shown or drawn; its field is the
 /// first missing one, so that both say the same and the box appears once.
-Place ShortRecordPlace(const QString& year_text, int position, const QStringList& fields);
+Place ShortRecordPlace(const BillingYear& year_text, int position, const MemberRecord& fields);
 
 /// RecordPlace for a reading that is no number.
 Place ReadingPlace(
-    const QString& year_text, int position, const QStringList& fields, MemberField field);
+    const BillingYear& year_text, int position, const MemberRecord& fields, MemberField field);
 
 /// The position reached from current by that many members up or down: between 0 and the last one.
 /// -1 for an empty list.
 int NeighbourOf(int current, int step, qsizetype member_count);
+
+/// What the file holds in record field 0 to 15 of the shown member; empty where it has no such
+/// field and while a new member is typed, of whom nothing is stored.
+QString StoredText(const MemberLists& lists, const MemberState& member, int field);
 
 /// How the text of a field stands to the file.
 enum class FieldState {

@@ -1,115 +1,56 @@
-// What the fields of the tab "Stammdaten" show and what its buttons do. The controls are made in
-// member_tab_form.cpp, its lists are filled in member_names_form.cpp, the rules stand in
-// member_editing and member_lists.
+// The frames "Adresse" and "Zählerstände": their buttons, and showing, saving and deleting a
+// member. The fields stand in member_fields_form, the rules in member_editing and member_saving.
+#include "members/member_form.h"
+
 #include "app/program.h"
 #include "controls/fields.h"
-#include "data/file_names.h"
+#include "controls/frames.h"
+#include "data/records.h"
 #include "members/member_editing.h"
+#include "members/member_saving.h"
 
+#include <QGridLayout>
+#include <QGroupBox>
 #include <QLineEdit>
+#include <QPushButton>
+#include <QShortcut>
+#include <QVBoxLayout>
 
 namespace {
 
-template <typename Fields> void ClearAll(const Fields& fields)
+constexpr int address_characters = 90; // at most, the whole frame: longer fields would stay empty
+
+QHBoxLayout* BuildMemberButtons(MemberForm& form, QGroupBox* frame)
 {
-    for (QLineEdit* field : fields)
-        field->clear();
+    form.Command14
+        = Named(MakeButton(frame, QStringLiteral("Neu Anlegen"),
+                    QStringLiteral("Leert das Formular für ein neues Mitglied (Strg+N).")),
+            QStringLiteral("Command14"));
+    form.Command1Save = Named(
+        MakeButton(frame, QStringLiteral("Speichern"),
+            QStringLiteral("Speichert das Mitglied in der Datei des gezeigten Jahres (Strg+S).")),
+        QStringLiteral("Command1"), 0);
+    MakePrimary(form.Command1Save);
+    form.Command1Delete
+        = Named(MakeButton(frame, QStringLiteral("Löschen"),
+                    QStringLiteral("Löscht das gezeigte Mitglied sofort und ohne Rückfrage.")),
+            QStringLiteral("Command1"), 2);
+    auto* row = new QHBoxLayout;
+    row->setSpacing(FrameSpacing);
+    row->addWidget(form.Command14);
+    row->addWidget(form.Command1Save);
+    row->addStretch(1); // apart: it asks nothing
+    row->addWidget(form.Command1Delete);
+    return row;
 }
 
-void ShowText(QLineEdit* field, const QString& text)
-{
-    field->setText(text);
-    field->setCursorPosition(0); // a long text shows its beginning
-}
-
-QStringList FormFields(const MemberForm& form)
-{
-    QStringList fields;
-    for (int field = 0; field < MemberFieldCount; ++field)
-        fields += ControlOfField(form, field)->text();
-    return fields;
-}
-
-QStringList StoredFields(const Program& program)
-{
-    return SplitRecord(program.Members.StoredList.value(program.Member.CurrentMember));
-}
-
-/// While a new member is typed nothing of him is stored.
-QString StoredText(const Program& program, int field)
-{
-    return program.Member.CurrentMember < 0 ? QString()
-                                            : FieldOrEmpty(StoredFields(program), field);
-}
-
-void ShowFieldStates(Program& program)
-{
-    for (int field = 0; field < MemberFieldCount; ++field)
-        ShowFieldState(program, field);
-}
-
-QString UnsavedToolTip(const QString& stored)
-{
-    const QString not_yet = QStringLiteral("Noch nicht gespeichert. ");
-    return stored.isEmpty() ? not_yet + QStringLiteral("Gespeichert ist hier nichts.")
-                            : not_yet + QStringLiteral("Gespeichert ist „%1“.").arg(stored);
-}
-
-/// A difference stays as it is while one of its readings is empty.
-void ComputeDifference(
-    Program& program, MemberField start, MemberField end, QLineEdit* difference_field)
-{
-    const QStringList fields = FormFields(program.MembersTab);
-    const auto place = [&](MemberField field) {
-        return ReadingPlace(program.Year.LoadedYear, program.Member.CurrentMember, fields, field);
-    };
-    const QString difference
-        = MeterDifference(fields[start], fields[end], place(start), place(end));
-    if (!difference.isEmpty())
-        difference_field->setText(difference);
-}
-
-void ComputeDifferences(Program& program)
-{
-    const MemberForm& form = program.MembersTab;
-    ComputeDifference(program, ElectricityStart, ElectricityEnd, form.Text1[2]);
-    ComputeDifference(program, WaterStart, WaterEnd, form.Text1[5]);
-    program.Member.ElectricityDifference = form.Text1[2]->text();
-    program.Member.WaterDifference = form.Text1[5]->text();
-}
-
-/// A file of the year that could not be read would be replaced by what was typed since.
-void RequireLoadedYear(const Program& program, const QString& file_name)
-{
-    if (!program.Year.LoadedYear.isEmpty() || !FileExists(program.Files, file_name))
-        return;
-    Place where;
-    where.file = FileNameOf(file_name);
-    where.remedy
-        = QStringLiteral("Die Mitglieder dieses Jahres sind nicht geladen, darum wird ihre "
-                         "Datei nicht überschrieben. Bitte beheben Sie, was beim Laden "
-                         "gemeldet wurde, und drücken Sie „Laden“.");
-    throw RuntimeError { ErrorKind::File, where, QStringLiteral("Datei ist nicht geladen") };
-}
-
-/// Writes the lists as file of YearText; an error says in addition what became of the input. An
-/// error after which the file holds the lists all the same (only the note of the rewrite could not
-/// be removed) is shown and ends nothing: the same member would be added a second time.
+/// SaveMembers for the chosen year; an error that does not matter is shown and ends nothing.
 void WriteMembers(Program& program, const MemberLists& lists, const QString& what_is_left)
 {
-    const QString& year = program.Year.YearText;
-    RequireLoadedYear(program, MembersFileName(year));
-    try {
-        WriteMembersFile(lists, program.Files, year);
-    } catch (const RuntimeError& error) {
-        if (IsInFile(lists, program.Files, year))
-            return ReportError(program.Errors, program.Ask, error);
-        RuntimeError extended = error;
-        if (!extended.where.remedy.isEmpty())
-            extended.where.remedy += QLatin1Char(' ');
-        extended.where.remedy += what_is_left;
-        throw RuntimeError(extended);
-    }
+    const std::optional<RuntimeError> shown = SaveMembers(
+        lists, program.Files, program.Year.YearText, program.Year.LoadedYear, what_is_left);
+    if (shown)
+        ReportError(program.Errors, program.Ask, *shown);
 }
 
 /// What follows a save and a delete: the year is loaded from its new file and member 0 shown.
@@ -119,7 +60,7 @@ void ReloadAfterWriting(Program& program)
     program.Member.CurrentMember = -1;
     program.Year.LoadedYear = program.Year.YearText; // the lists are that year's file now
     RebuildStatementPages(program);
-    WithErrorBox(program.Errors, program.Ask, [&program] { LoadYear(program); });
+    RunStep(program, LoadYear);
     if (program.Member.CurrentMember >= 0)
         return;
     program.Member.CurrentMember
@@ -131,54 +72,77 @@ void ReloadAfterWriting(Program& program)
 /// Readings that could not be entered are in the record all the same, and not in the file.
 bool DiffersFromRecordOrFile(const Program& program)
 {
-    const QStringList typed = FormFields(program.MembersTab);
-    const QStringList record
+    const MemberRecord typed = TypedRecord(program.MembersTab);
+    const MemberRecord record
         = SplitRecord(program.Members.RecordList.value(program.Member.CurrentMember));
     for (int field = 0; field < MemberFieldCount; ++field) {
-        if (typed[field] != StoredText(program, field)
+        if (typed[field] != StoredText(program.Members, program.Member, field)
             || typed[field] != FieldOrEmpty(record, field))
             return true;
     }
     return false;
 }
 
+void StepKey(Program& program, QGroupBox* frame, int key, int direction)
+{
+    auto* shortcut = new QShortcut(QKeySequence(static_cast<int>(Qt::CTRL) | key), frame);
+    shortcut->setContext(Qt::WidgetWithChildrenShortcut);
+    On(program, shortcut, &QShortcut::activated,
+        [direction](Program& p) { StepMember(p, direction); });
+}
+
+void ConnectMemberButtons(Program& program)
+{
+    const MemberForm& form = program.MembersTab;
+    On(program, form.Command14, &QPushButton::clicked, NewMember);
+    On(program, form.Command1Save, &QPushButton::clicked, SaveMember);
+    On(program, form.Command1Delete, &QPushButton::clicked, DeleteMember);
+}
+
+void ConnectReadings(Program& program, QGroupBox* frame)
+{
+    const MemberForm& form = program.MembersTab;
+    On(program, form.Command2, &QPushButton::clicked, EnterReadings);
+    for (int field = ElectricityStart; field <= WaterEnd; ++field) {
+        On(program, ControlOfField(form, field), &QLineEdit::returnPressed,
+            [](Program& p) { p.MembersTab.Command2->click(); });
+    }
+    StepKey(program, frame, Qt::Key_Down, 1);
+    StepKey(program, frame, Qt::Key_Up, -1);
+}
+
 } // namespace
 
-QLineEdit* ControlOfField(const MemberForm& form, int field)
+QGroupBox* BuildAddress(Program& program, QWidget* parent)
 {
-    const auto index = static_cast<std::size_t>(field);
-    if (field < ElectricityStart)
-        return form.Text3.at(index);
-    constexpr std::array<std::size_t, 4> readings { 0, 1, 3, 4 }; // 2 and 5 are the differences
-    return form.Text1.at(readings.at(index - ElectricityStart));
+    QGroupBox* frame = BuildAddressFields(program, parent);
+    QGridLayout* grid = GridOf(frame);
+    int row = grid->rowCount();
+    grid->setRowMinimumHeight(row++, FrameSpacing);
+    grid->addLayout(
+        BuildMemberButtons(program.MembersTab, frame), row++, 0, 1, grid->columnCount());
+    grid->setRowStretch(row, 1);
+    frame->setMaximumWidth(frame->fontMetrics().averageCharWidth() * address_characters);
+    ConnectMemberButtons(program);
+    return frame;
 }
 
-void ClearFields(Program& program, int group)
+QGroupBox* BuildReadings(Program& program, QWidget* parent)
 {
-    if (group == 0)
-        ClearAll(program.MembersTab.Text3);
-    else if (group == 1)
-        ClearAll(program.MembersTab.Text1);
-    else if (group == 2)
-        ClearAll(program.SettingsTab.Text4);
-}
-
-void ShowFieldState(Program& program, int field)
-{
-    QLineEdit* control = ControlOfField(program.MembersTab, field);
-    const QString stored = StoredText(program, field);
-    switch (StateOf(field, control->text(), stored)) {
-    case FieldState::Stored:
-        return Tint(control, TintKind::None);
-    case FieldState::Unsaved:
-        return Tint(control, TintKind::Unsaved, UnsavedToolTip(stored));
-    case FieldState::NoNumber:
-        return; // tinted by the field itself
-    case FieldState::Separator:
-        return Tint(control, TintKind::Wrong,
-            QStringLiteral("Der Strichpunkt trennt in der Datei die Felder: Nach dem Speichern "
-                           "steht alles dahinter ein Feld weiter."));
-    }
+    MemberForm& form = program.MembersTab;
+    auto* frame = new QGroupBox(QStringLiteral("Zählerstände"), parent);
+    BuildMeterFields(program, frame);
+    form.Command2 = Named(
+        MakeButton(frame, QStringLiteral("OK"),
+            QStringLiteral("Speichert die Zählerstände (Eingabetaste in einem Zählerstand). "
+                           "Strg+Pfeil ab oder auf speichert sie und zeigt das nächste oder das "
+                           "vorige Mitglied.")),
+        QStringLiteral("Command2"));
+    MakePrimary(form.Command2);
+    frame->layout()->addWidget(form.Command2);
+    frame->layout()->setAlignment(form.Command2, Qt::AlignLeft);
+    ConnectReadings(program, frame);
+    return frame;
 }
 
 void ShowMember(Program& program)
@@ -193,9 +157,8 @@ void ShowMember(Program& program)
         return ShowFieldStates(program);
     }
     member.MemberFields = SplitRecord(program.Members.RecordList.value(member.CurrentMember));
-    const QStringList& fields = member.MemberFields;
-    for (int field = 0; field < MemberFieldCount && field < fields.size(); ++field)
-        ShowText(ControlOfField(program.MembersTab, field), fields[field]);
+    const MemberRecord& fields = member.MemberFields;
+    ShowRecord(program, fields);
     ShowFieldStates(program);
     RequireWholeRecord(
         fields, ShortRecordPlace(program.Year.LoadedYear, member.CurrentMember, fields));
@@ -208,11 +171,6 @@ void SelectMember(Program& program, int position)
         return; // the list was left without a selection
     program.Member.CurrentMember = static_cast<qint16>(position);
     ShowMember(program);
-}
-
-void MemberFieldClicked(Program& program, int field)
-{
-    program.Member.ClickedFieldText = ControlOfField(program.MembersTab, field)->text();
 }
 
 void NewMember(Program& program)
@@ -228,7 +186,7 @@ void NewMember(Program& program)
 
 void SaveMember(Program& program)
 {
-    const QStringList fields = FormFields(program.MembersTab);
+    const MemberRecord fields = TypedRecord(program.MembersTab);
     MemberLists changed = program.Members;
     if (DecideSave(program.Member, changed) == SaveWay::Update)
         ReplaceMember(changed, program.Member.CurrentMember, fields);
@@ -255,7 +213,7 @@ void DeleteMember(Program& program)
 
 void EnterReadings(Program& program)
 {
-    ReplaceRecord(program.Members, program.Member.CurrentMember, FormFields(program.MembersTab));
+    ReplaceRecord(program.Members, program.Member.CurrentMember, TypedRecord(program.MembersTab));
     ComputeDifferences(program);
     WriteMembers(program, program.Members,
         QStringLiteral("Die Zählerstände stehen noch im Formular: Drücken Sie, sobald das "

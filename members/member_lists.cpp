@@ -10,7 +10,7 @@ namespace {
 
 QString RolledForward(const QString& line, const Place& where)
 {
-    QStringList fields = SplitRecord(line);
+    MemberRecord fields = SplitRecord(line);
     RequireWholeRecord(fields, where);
     fields = fields.mid(0, MemberFieldCount); // what stands behind the last field is not carried on
     fields[ElectricityStart] = fields[ElectricityEnd];
@@ -22,12 +22,12 @@ QString RolledForward(const QString& line, const Place& where)
 
 } // namespace
 
-void ReadMembersFile(MemberLists& lists, const DataFiles& files, const QString& year_text)
+void ReadMembersFile(MemberLists& lists, const DataFiles& files, const BillingYear& year_text)
 {
     const QStringList lines = ReadLines(files, MembersFileName(year_text));
     MemberLists fresh;
     for (const QString& line : lines) {
-        const QStringList fields = SplitRecord(line);
+        const MemberRecord fields = SplitRecord(line);
         const QString name = NameEntry(fields);
         fresh.RecordList += line;
         fresh.NameList += name;
@@ -41,13 +41,21 @@ void ReadMembersFile(MemberLists& lists, const DataFiles& files, const QString& 
     lists = fresh;
 }
 
-void ReadPreviousYear(MemberLists& lists, const DataFiles& files, const QString& year_text)
+void ReadPreviousYear(MemberLists& lists, const DataFiles& files, const BillingYear& year_text)
 {
     const QString name = MembersFileName(PreviousYear(year_text));
     const bool is_there = FileExists(files, name);
     lists.PreviousYearList = is_there ? ReadLines(files, name) : QStringList();
     lists.PreviousYearMissing = !is_there;
     lists.PreviousYearRead = is_there;
+}
+
+MemberLists ReadBothYears(const DataFiles& files, const BillingYear& year_text)
+{
+    MemberLists lists;
+    ReadMembersFile(lists, files, year_text);
+    ReadPreviousYear(lists, files, year_text);
+    return lists;
 }
 
 QStringList RollReadingsForward(const QStringList& records, const QString& file_name)
@@ -67,7 +75,7 @@ QStringList RollReadingsForward(const QStringList& records, const QString& file_
     return rolled;
 }
 
-void RequireWholeRecord(const QStringList& fields, const Place& where)
+void RequireWholeRecord(const MemberRecord& fields, const Place& where)
 {
     const qsizetype count = fields.size();
     if (count >= MemberFieldCount)
@@ -78,12 +86,13 @@ void RequireWholeRecord(const QStringList& fields, const Place& where)
     throw RuntimeError { ErrorKind::SubscriptOutOfRange, missing, {} };
 }
 
-void WriteMembersFile(const MemberLists& lists, const DataFiles& files, const QString& year_text)
+void WriteMembersFile(
+    const MemberLists& lists, const DataFiles& files, const BillingYear& year_text)
 {
     RewriteLines(files, MembersFileName(year_text), lists.RecordList);
 }
 
-bool IsInFile(const MemberLists& lists, const DataFiles& files, const QString& year_text)
+bool IsInFile(const MemberLists& lists, const DataFiles& files, const BillingYear& year_text)
 {
     try {
         return ReadBytes(files, MembersFileName(year_text)) == BytesOfLines(lists.RecordList);

@@ -3,6 +3,7 @@
 // in docs/file-formats.md.
 #pragma once
 
+#include "data/dates.h"
 #include "data/line_file.h"
 #include "data/records.h"
 
@@ -26,7 +27,7 @@ struct MemberLists {
 /// What the member form shares with the other subsystems.
 struct MemberState {
     qint16 CurrentMember = -1; ///< position of the shown member, -1 while a new one is typed
-    QStringList MemberFields; ///< the fields of the last record that was split
+    MemberRecord MemberFields; ///< the fields of the last record that was split
     QString ClickedFieldText; ///< text of the last clicked member field that held text
     QString ElectricityDifference; ///< text of Text1(2) after the last record was shown
     QString WaterDifference; ///< text of Text1(5)
@@ -35,11 +36,14 @@ struct MemberState {
 /// Reads a members file into the member lists, which are emptied first (PreviousYearList stays).
 /// Lines with missing fields are taken as they are. Throws RuntimeError (File; Overflow beyond
 /// 32,767 members) and leaves the lists as they were then.
-void ReadMembersFile(MemberLists& lists, const DataFiles& files, const QString& year_text);
+void ReadMembersFile(MemberLists& lists, const DataFiles& files, const BillingYear& year_text);
 
 /// Reads the previous year's lines, or empties them and sets PreviousYearMissing when there is no
 /// such file. Throws RuntimeError (File, Overflow) and leaves the lists as they were then.
-void ReadPreviousYear(MemberLists& lists, const DataFiles& files, const QString& year_text);
+void ReadPreviousYear(MemberLists& lists, const DataFiles& files, const BillingYear& year_text);
+
+/// This year's members and last year's lines, read into fresh lists. Throws like the two above.
+MemberLists ReadBothYears(const DataFiles& files, const BillingYear& year_text);
 
 /// Last year's end readings become the start readings, end readings become empty; everything else
 /// is carried over. Throws RuntimeError SubscriptOutOfRange for a record with fewer than 16 fields,
@@ -48,13 +52,14 @@ QStringList RollReadingsForward(const QStringList& records, const QString& file_
 
 /// Throws RuntimeError SubscriptOutOfRange when the record has fewer than 16 fields: the place,
 /// with the member and the caption of the first missing field.
-void RequireWholeRecord(const QStringList& fields, const Place& where);
+void RequireWholeRecord(const MemberRecord& fields, const Place& where);
 
 /// Writes the record list as members file of that year (whole rewrite).
-void WriteMembersFile(const MemberLists& lists, const DataFiles& files, const QString& year_text);
+void WriteMembersFile(
+    const MemberLists& lists, const DataFiles& files, const BillingYear& year_text);
 
 /// True when the file of that year holds exactly the record list. An unreadable file does not.
-bool IsInFile(const MemberLists& lists, const DataFiles& files, const QString& year_text);
+bool IsInFile(const MemberLists& lists, const DataFiles& files, const BillingYear& year_text);
 
 /// End minus start as default text of a double; empty when either text is empty.
 /// Throws RuntimeError TypeMismatch when one of them is no number; the places name the two fields.

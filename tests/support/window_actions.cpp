@@ -123,8 +123,8 @@ void Type(QLineEdit* field, const QString& text)
 void StartAndShowMember(Program& program, int row)
 {
     StartUp(program);
-    if (row < program.MembersTab.List1->count())
-        program.MembersTab.List1->setCurrentRow(row);
+    if (row < program.NameLists.List1->count())
+        program.NameLists.List1->setCurrentRow(row);
 }
 
 // What a run that goes on where another was stopped finds done already is not done again.
@@ -182,7 +182,7 @@ void BookWithoutTheFile(Program& program)
     const QString path = program.Files.DataDirectory + u'/' + bank_file;
     if (!QFile::remove(path) || !QDir().mkpath(path))
         qFatal("cannot hide the ledger");
-    program.MembersTab.Command4->click();
+    program.YearRow.Command4->click();
     if (!QDir().rmdir(path))
         qFatal("cannot show the ledger again");
     Put(program.Files, bank_file, found);
@@ -254,7 +254,7 @@ void TypeNewMember(Program& program)
 {
     StartUp(program);
     if (program.Members.RecordList.size() > 2) {
-        program.MembersTab.List1->setCurrentRow(2);
+        program.NameLists.List1->setCurrentRow(2);
         return;
     }
     program.MembersTab.Command14->click();

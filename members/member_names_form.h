@@ -1,0 +1,32 @@
+// The lists of the tab "Stammdaten": the frames "Mitglieder Namen" and "Mittglieder".
+#pragma once
+
+#include <QStringList>
+
+class QGroupBox;
+class QListWidget;
+class QTreeWidget;
+class QWidget;
+struct Program;
+
+struct MemberNamesForm {
+    QListWidget* List1 = nullptr; ///< "Mitglieder Namen"
+    QTreeWidget* ListView2 = nullptr; ///< member overview in the frame "Mittglieder"
+};
+
+/// Makes and connects the frame "Mitglieder Namen" with List1.
+QGroupBox* BuildNameList(Program& program, QWidget* parent);
+
+/// Makes and connects the frame "Mittglieder" with ListView2.
+QGroupBox* BuildMemberOverview(Program& program, QWidget* parent);
+
+/// List1 shows the name list; its selection follows CurrentMember. Runs no handler.
+void ShowNameList(Program& program);
+
+/// ListView2 shows these rows in its only column "Namen", the shown member marked; row k has the
+/// key "Zeile k" (item data, Qt::UserRole). Runs no handler.
+void ShowMemberOverview(Program& program, const QStringList& rows);
+
+/// Both lists mark the shown member and scroll to him; none is marked while a new one is typed.
+/// Runs no handler.
+void MarkShownMember(const Program& program);
