@@ -7,6 +7,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr unsigned int removable_type = 2; // answer of the platform's drive type query
@@ -16,20 +18,19 @@ constexpr unsigned int removable_type = 2; // answer of the platform's drive typ
 bool IsPlaceOfSystem(const QString& mount_path)
 {
     static const QSet<QString> places {
-        QStringLiteral("/"),
-        QStringLiteral("/boot"),
-        QStringLiteral("/efi"),
-        QStringLiteral("/home"),
-        QStringLiteral("/opt"),
-        QStringLiteral("/root"),
-        QStringLiteral("/srv"),
-        QStringLiteral("/tmp"),
-        QStringLiteral("/usr"),
-        QStringLiteral("/var"),
+        u"/"_s,
+        u"/boot"_s,
+        u"/efi"_s,
+        u"/home"_s,
+        u"/opt"_s,
+        u"/root"_s,
+        u"/srv"_s,
+        u"/tmp"_s,
+        u"/usr"_s,
+        u"/var"_s,
     };
-    return places.contains(mount_path) || mount_path.startsWith(QStringLiteral("/boot/"))
-        || mount_path.startsWith(QStringLiteral("/run/live/"))
-        || mount_path.startsWith(QStringLiteral("/lib/live/"));
+    return places.contains(mount_path) || mount_path.startsWith(u"/boot/"_s)
+        || mount_path.startsWith(u"/run/live/"_s) || mount_path.startsWith(u"/lib/live/"_s);
 }
 
 QSet<QString> DrivesOfSystem(const QList<Volume>& volumes)
@@ -62,11 +63,11 @@ QString OrderKey(const QString& device)
             digits += character;
             continue;
         }
-        key += digits.isEmpty() ? QString() : digits.rightJustified(width, QLatin1Char('0'));
+        key += digits.isEmpty() ? QString() : digits.rightJustified(width, u'0');
         digits.clear();
         key += character;
     }
-    return digits.isEmpty() ? key : key + digits.rightJustified(width, QLatin1Char('0'));
+    return digits.isEmpty() ? key : key + digits.rightJustified(width, u'0');
 }
 
 bool ComesBefore(const Volume& a, const Volume& b)
@@ -84,7 +85,7 @@ bool CanBeWritten(const QString& folder, const QString& above)
 
 QString Joined(const QString& path, const QString& name)
 {
-    return path.endsWith(QLatin1Char('/')) ? path + name : path + QLatin1Char('/') + name;
+    return path.endsWith(u'/') ? path + name : path + u'/' + name;
 }
 
 } // namespace
@@ -101,7 +102,7 @@ QString FirstRemovableVolume(const QList<Volume>& volumes)
         return {};
     std::stable_sort(candidates.begin(), candidates.end(), ComesBefore);
     QString path = candidates.first().MountPath;
-    while (path.size() > 1 && path.endsWith(QLatin1Char('/')))
+    while (path.size() > 1 && path.endsWith(u'/'))
         path.chop(1);
     return path;
 }
@@ -109,7 +110,7 @@ QString FirstRemovableVolume(const QList<Volume>& volumes)
 QString FirstRemovableLetter(const std::function<unsigned int(const QString& letter)>& drive_type)
 {
     for (char letter = 'B'; letter <= 'Z'; ++letter) {
-        const QString drive = QLatin1Char(letter) + QStringLiteral(":");
+        const QString drive = QLatin1Char(letter) + u":"_s;
         if (drive_type(drive) == removable_type)
             return drive;
     }
@@ -123,12 +124,12 @@ Fallback FallbackOf(const QString& data_directory)
 
 QString BackupFolder(const QString& drive, const Fallback& fallback)
 {
-    const QString name = QStringLiteral("Parzello");
+    const QString name = u"Parzello"_s;
     QString folder = Joined(drive, name);
     if (drive.isEmpty()) {
         folder = Joined(fallback.VolumeRoot, name);
         if (!CanBeWritten(folder, fallback.VolumeRoot))
             folder = Joined(fallback.Home, name);
     }
-    return folder + QLatin1Char('/');
+    return folder + u'/';
 }

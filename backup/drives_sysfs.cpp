@@ -4,6 +4,8 @@
 #include <QFile>
 #include <QFileInfo>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 struct Mount {
@@ -45,7 +47,7 @@ bool ReadMountLine(const QByteArray& line, Mount& mount)
 
 QList<Mount> ReadMounts(const QString& root)
 {
-    QFile table(root + QStringLiteral("/proc/self/mountinfo"));
+    QFile table(root + u"/proc/self/mountinfo"_s);
     if (!table.open(QIODevice::ReadOnly))
         return {};
     QList<Mount> mounts;
@@ -65,12 +67,10 @@ QList<Mount> ReadMounts(const QString& root)
 QString DeviceFolder(const QString& root, const Mount& mount)
 {
     const QString by_number
-        = QFileInfo(root + QStringLiteral("/sys/dev/block/") + mount.DeviceNumber)
-              .canonicalFilePath();
-    if (!by_number.isEmpty() || !mount.Source.startsWith(QStringLiteral("/dev/")))
+        = QFileInfo(root + u"/sys/dev/block/"_s + mount.DeviceNumber).canonicalFilePath();
+    if (!by_number.isEmpty() || !mount.Source.startsWith(u"/dev/"_s))
         return by_number;
-    return QFileInfo(
-        root + QStringLiteral("/sys/class/block/") + QFileInfo(mount.Source).fileName())
+    return QFileInfo(root + u"/sys/class/block/"_s + QFileInfo(mount.Source).fileName())
         .canonicalFilePath();
 }
 
@@ -80,12 +80,12 @@ QString DiskFolder(const QString& device_folder)
     QString folder = device_folder;
     for (int level = 0; level < 8; ++level) { // encryption over volumes over partitions: 3 or 4
         const QStringList below
-            = QDir(folder + QStringLiteral("/slaves")).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
+            = QDir(folder + u"/slaves"_s).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
         if (below.isEmpty())
             break;
-        folder = QFileInfo(folder + QStringLiteral("/slaves/") + below.first()).canonicalFilePath();
+        folder = QFileInfo(folder + u"/slaves/"_s + below.first()).canonicalFilePath();
     }
-    if (QFile::exists(folder + QStringLiteral("/partition")))
+    if (QFile::exists(folder + u"/partition"_s))
         folder = QFileInfo(folder).path();
     return folder;
 }
@@ -100,18 +100,18 @@ QByteArray Attribute(const QString& path)
 // the same kind of bus as an SD card but calls itself "MMC".
 bool IsOnUsbOrSdBus(const QString& disk_folder)
 {
-    const QStringList steps = disk_folder.split(QLatin1Char('/'));
+    const QStringList steps = disk_folder.split(u'/');
     for (const QString& step : steps) {
-        if (step.startsWith(QStringLiteral("usb")) && step.size() > 3 && step[3].isDigit())
+        if (step.startsWith(u"usb"_s) && step.size() > 3 && step[3].isDigit())
             return true;
     }
-    return Attribute(disk_folder + QStringLiteral("/device/type")).startsWith("SD");
+    return Attribute(disk_folder + u"/device/type"_s).startsWith("SD");
 }
 
 bool IsOptical(const QString& disk_folder)
 {
     constexpr char optical_type[] = "5"; // SCSI device type of disc drives
-    return Attribute(disk_folder + QStringLiteral("/device/type")) == optical_type;
+    return Attribute(disk_folder + u"/device/type"_s) == optical_type;
 }
 
 } // namespace
@@ -129,7 +129,7 @@ QList<Volume> VolumesFromSysfs(const QString& root)
         volume.Device = QFileInfo(device).fileName();
         volume.Drive = QFileInfo(disk).fileName();
         volume.MountPath = mount.Path;
-        volume.RemovableDrive = Attribute(disk + QStringLiteral("/removable")) == "1";
+        volume.RemovableDrive = Attribute(disk + u"/removable"_s) == "1";
         volume.OnUsbOrSdBus = IsOnUsbOrSdBus(disk);
         volume.Optical = IsOptical(disk);
         volumes += volume;

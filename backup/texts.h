@@ -3,30 +3,29 @@
 
 #include <QString>
 
-inline const QString BackupTitle = QStringLiteral("Datensicherung");
+using namespace Qt::StringLiterals;
+
+inline const QString BackupTitle = u"Datensicherung"_s;
 inline const QString AskForStick
-    = QStringLiteral("Bitte stecken Sie zur Datensicherung einen USB Stick in einen Ihrer USB "
-                     "Anschlüße und drücken Sie die OK Taste");
+    = u"Bitte stecken Sie zur Datensicherung einen USB Stick in einen Ihrer USB "
+      "Anschlüße und drücken Sie die OK Taste"_s;
 inline const QString AskForSavedStick
-    = QStringLiteral("Bitte stecken Sie den USB Stick mit den gesicherten Daten in Ihren USB "
-                     "Anschluß: und drücken Sie die OK Taste");
+    = u"Bitte stecken Sie den USB Stick mit den gesicherten Daten in Ihren USB "
+      "Anschluß: und drücken Sie die OK Taste"_s;
 
-inline const QString SavedTitle = QStringLiteral("Datensicherug"); // sic
-inline QString SavedTo(const QString& drive)
-{
-    return QStringLiteral("Daten auf ") + drive + QStringLiteral(" gesichert!");
-}
+inline const QString SavedTitle = u"Datensicherug"_s; // sic
+inline QString SavedTo(const QString& drive) { return u"Daten auf "_s + drive + u" gesichert!"_s; }
 
-inline const QString RestoredTitle = QStringLiteral("Daten Wiederherstellung");
+inline const QString RestoredTitle = u"Daten Wiederherstellung"_s;
 inline QString RestoredFrom(const QString& drive)
 {
-    return QStringLiteral("Daten von ") + drive + QStringLiteral(" wieder hergestellt!");
+    return u"Daten von "_s + drive + u" wieder hergestellt!"_s;
 }
 
 /// Tool tip of both buttons: the folder in use.
 inline QString BackupFolderTip(const QString& drive, const QString& folder)
 {
     if (drive.isEmpty())
-        return QStringLiteral("Kein USB-Stick gefunden. Ordner der Sicherung: ") + folder;
-    return QStringLiteral("Ordner der Sicherung: ") + folder;
+        return u"Kein USB-Stick gefunden. Ordner der Sicherung: "_s + folder;
+    return u"Ordner der Sicherung: "_s + folder;
 }

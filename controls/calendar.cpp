@@ -7,6 +7,8 @@
 #include <QTextCharFormat>
 #include <QToolButton>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// The widget of that name inside the calendar; Qt names them and nothing else gives access.
@@ -54,7 +56,7 @@ void MakeArrow(QCalendarWidget* calendar, const char* name, Qt::ArrowType arrow)
 void NameInner(QCalendarWidget* calendar, const char* name, const QString& says)
 {
     if (auto* inner = InnerWidget<QWidget>(calendar, name); inner != nullptr)
-        inner->setAccessibleName(calendar->accessibleName() + QStringLiteral(", ") + says);
+        inner->setAccessibleName(calendar->accessibleName() + u", "_s + says);
 }
 
 /// Qt leaves so little room around the names of the days that the widest one would be cut off.
@@ -88,11 +90,11 @@ QCalendarWidget* MakeCalendar(QWidget* parent, const QString& accessible_name)
     MakeArrow(calendar, "qt_calendar_prevmonth", Qt::LeftArrow);
     MakeArrow(calendar, "qt_calendar_nextmonth", Qt::RightArrow);
     KeepDayNamesWhole(calendar);
-    NameInner(calendar, "qt_calendar_prevmonth", QStringLiteral("voriger Monat"));
-    NameInner(calendar, "qt_calendar_nextmonth", QStringLiteral("nächster Monat"));
-    NameInner(calendar, "qt_calendar_monthbutton", QStringLiteral("Monat"));
-    NameInner(calendar, "qt_calendar_yearbutton", QStringLiteral("Jahr"));
-    NameInner(calendar, "qt_calendar_yearedit", QStringLiteral("Jahr eingeben"));
-    NameInner(calendar, "qt_calendar_calendarview", QStringLiteral("Tage"));
+    NameInner(calendar, "qt_calendar_prevmonth", u"voriger Monat"_s);
+    NameInner(calendar, "qt_calendar_nextmonth", u"nächster Monat"_s);
+    NameInner(calendar, "qt_calendar_monthbutton", u"Monat"_s);
+    NameInner(calendar, "qt_calendar_yearbutton", u"Jahr"_s);
+    NameInner(calendar, "qt_calendar_yearedit", u"Jahr eingeben"_s);
+    NameInner(calendar, "qt_calendar_calendarview", u"Tage"_s);
     return calendar;
 }

@@ -8,7 +8,7 @@
 /// "Text3(6)"
 inline QString ControlName(const QString& name, int index)
 {
-    return name + QLatin1Char('(') + QString::number(index) + QLatin1Char(')');
+    return name + u'(' + QString::number(index) + u')';
 }
 
 /// Gives a control its object name and returns it.

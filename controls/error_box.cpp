@@ -5,10 +5,12 @@
 #include <exception>
 #include <new>
 
+using namespace Qt::StringLiterals;
+
 MessageBox ErrorBox(const RuntimeError& error)
 {
     MessageBox box;
-    box.title = QStringLiteral("Kleingarten Parzello");
+    box.title = u"Kleingarten Parzello"_s;
     box.icon = BoxIcon::Error;
     box.text = ErrorHeadline(error);
     box.detail = ErrorSentence(error);
@@ -19,7 +21,7 @@ namespace {
 
 void ShowOnce(ErrorBoxState& state, const AskRoutine& ask, const MessageBox& box)
 {
-    const QString whole = box.text + QLatin1Char('\n') + box.detail;
+    const QString whole = box.text + u'\n' + box.detail;
     if (state.Showing || state.ShownInThisAction.contains(whole))
         return;
     state.ShownInThisAction += whole;

@@ -15,6 +15,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr char tint_property[] = "tint";
@@ -38,8 +40,7 @@ void TintWhenNoNumber(QLineEdit* field)
 {
     const bool wrong = !field->text().isEmpty() && !IsNumber(field->text());
     if (wrong)
-        Tint(field, TintKind::Wrong,
-            QStringLiteral("Hier wird eine Zahl erwartet, zum Beispiel 12,50"));
+        Tint(field, TintKind::Wrong, u"Hier wird eine Zahl erwartet, zum Beispiel 12,50"_s);
     else if (TintOf(field) == TintKind::Wrong)
         Tint(field, TintKind::None);
 }
@@ -159,8 +160,8 @@ QPushButton* MakeButton(QWidget* parent, const QString& caption, const QString& 
     button->setToolTip(tool_tip);
     button->setAutoDefault(true);
     // Two letters of room on both sides: the style's own leave none at large fonts.
-    button->setMinimumWidth(std::max(button->sizeHint().width(),
-        button->fontMetrics().horizontalAdvance(caption + QStringLiteral("nnnn"))));
+    button->setMinimumWidth(std::max(
+        button->sizeHint().width(), button->fontMetrics().horizontalAdvance(caption + u"nnnn"_s)));
     return button;
 }
 

@@ -183,11 +183,7 @@ QByteArray WithNewLine(const QByteArray& ini, qsizetype place, const QByteArray&
         + ini.sliced(place);
 }
 
-QString OnOneLine(QString value)
-{
-    return value.replace(QLatin1Char('\r'), QLatin1Char(' '))
-        .replace(QLatin1Char('\n'), QLatin1Char(' '));
-}
+QString OnOneLine(QString value) { return value.replace(u'\r', u' ').replace(u'\n', u' '); }
 
 } // namespace
 
