@@ -7,6 +7,8 @@
 #include "controls/fields.h"
 #include "data/dates.h"
 #include "data/file_names.h"
+#include "settings/bank_frames_form.h"
+#include "settings/price_frame_form.h"
 
 #include <QHBoxLayout>
 #include <QLineEdit>

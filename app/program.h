@@ -26,6 +26,7 @@
 #include "settings/bank_settings.h"
 #include "settings/price_settings.h"
 #include "settings/settings_form.h"
+#include "settings/settings_state.h"
 #include "statement/print_frame_form.h"
 #include "statement/statement_form.h"
 #include "statement/statement_state.h"
@@ -56,7 +57,7 @@ struct Program {
     MemberState Member;
     PriceSettings Prices;
     BankSettings Bank;
-    SettingsState Settings; // settings/settings_form.h
+    SettingsState Settings; // settings/settings_state.h
     StatementState Statement; // statement/statement_state.h
     CashBookState CashBook; // cashbook/ledger.h
     ReportWindows Reports; // report/report_form.h

@@ -2,7 +2,8 @@
 
 #include "app/manual.h"
 #include "app/program.h"
-#include "settings/settings_marks_form.h"
+#include "settings/bank_frames_form.h"
+#include "settings/price_frame_form.h"
 
 #include <QKeySequence>
 #include <QMainWindow>

@@ -6,6 +6,8 @@
 #include "cashbook/payment_lists_form.h"
 #include "data/dates.h"
 #include "data/file_names.h"
+#include "settings/billing_dates_form.h"
+#include "settings/price_frame_form.h"
 
 #include <QCalendarWidget>
 #include <QSignalBlocker>
@@ -89,7 +91,7 @@ void StartUp(Program& program)
         MakeBankAccountCurrent(program);
         RunStep(program, ShowLedger);
         RunStep(program, LoadSettings);
-        program.Settings.SettingsSaved = true;
+        CountAsSaved(program.Settings);
         RunStep(program, RebuildStatementPages);
         RunStep(program, ShowMemberZero);
         RunStep(program, LoadYear);

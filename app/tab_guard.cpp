@@ -3,10 +3,10 @@
 #include "app/program.h"
 #include "app/texts.h"
 #include "cashbook/ledger_form.h"
-#include "settings/settings_marks_form.h"
+#include "settings/bank_frames_form.h"
+#include "settings/price_frame_form.h"
 
 #include <QCoreApplication>
-#include <QLineEdit>
 #include <QSignalBlocker>
 #include <QTabWidget>
 
@@ -48,38 +48,16 @@ void AskForBalance(Program& program)
     }
 }
 
-/// Texts that were answered with "Nein" and stayed in their field, because the saved text is empty,
-/// are not asked about again.
-bool PriceTextDiffers(const Program& program)
-{
-    const SettingsState& state = program.Settings;
-    for (std::size_t i = 0; i < state.DeclinedPrices.size(); ++i) {
-        const QString text = program.SettingsTab.Text4[i]->text();
-        if (text != state.SavedPrices[i] && text != state.DeclinedPrices[i])
-            return true;
-    }
-    return false;
-}
-
-/// The bank's "Speichern" counts everything as saved, a ticked box or a date beside it is not.
-bool PricesAreUnsaved(const Program& program)
-{
-    const SettingsState& state = program.Settings;
-    return (state.PricesEdited && (!state.SettingsSaved || PricesDiffer(program)))
-        || PriceTextDiffers(program);
-}
-
 void DeclinePrices(Program& program)
 {
     RestoreSettingsFields(program);
-    for (std::size_t i = 0; i < program.Settings.DeclinedPrices.size(); ++i)
-        program.Settings.DeclinedPrices[i] = program.SettingsTab.Text4[i]->text();
+    program.Settings.DeclinedPrices = ReadPriceFields(program);
 }
 
 /// True when the question was asked; the guard ends with it then.
 bool AskForPrices(Program& program)
 {
-    if (!PricesAreUnsaved(program))
+    if (!AsksForPrices(program.Settings, ReadPriceFields(program)))
         return false;
     if (Confirmed(program, AskSavePrices)) {
         SavePriceSettings(program);
@@ -87,27 +65,20 @@ bool AskForPrices(Program& program)
     } else {
         DeclinePrices(program);
     }
-    program.Settings.SettingsSaved = true;
     return true;
 }
 
 /// True when the question was asked.
 bool AskForBank(Program& program)
 {
-    for (std::size_t i = 0; i < 6; ++i) {
-        const QString typed = program.SettingsTab.Text6[i]->text();
-        if (program.Settings.SavedBank[i] == typed)
-            continue;
-        if (Confirmed(program, AskSaveBank)) {
-            SaveBankSettings(
-                program); // takes every field into the saved array once the file is written
-        } else {
-            RestoreSettingsFields(program);
-        }
-        program.Settings.SettingsSaved = true;
-        return true;
+    if (!AsksForBank(program.Settings, ReadBankFields(program)))
+        return false;
+    if (Confirmed(program, AskSaveBank)) {
+        SaveBankSettings(program);
+    } else {
+        RestoreSettingsFields(program);
     }
-    return false;
+    return true;
 }
 
 /// A new salutation counts as saved once the prices are; when the window closes it still is not.

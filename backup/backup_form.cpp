@@ -13,6 +13,8 @@
 #include <QProgressBar>
 #include <QPushButton>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// Drive text and folder of one run; found once, before the question.
@@ -76,14 +78,6 @@ bool StickConfirmed(const Program& program, const QString& question)
     return program.Ask(box) == BoxAnswer::Ok;
 }
 
-void Say(const Program& program, const QString& text, const QString& title)
-{
-    MessageBox box;
-    box.text = text;
-    box.title = title;
-    program.Ask(box);
-}
-
 /// What was typed or booked before is gone with the year that was just loaded: nobody must be asked
 /// whether to save it.
 void LoadRestoredYear(Program& program)
@@ -95,8 +89,7 @@ void LoadRestoredYear(Program& program)
     program.CashBook.LedgerChanged = false;
     program.CashBook.BankUnsaved = false;
     program.CashBook.CashBoxUnsaved = false;
-    program.Settings.SettingsSaved = true;
-    program.Settings.PricesEdited = false;
+    CountAsSaved(program.Settings);
 }
 
 bool FolderAskedFor(Program& program, QEvent&)
@@ -126,17 +119,16 @@ QWidget* BuildBackupFrame(Program& program, QWidget* parent)
     if (!form.FindFallback)
         form.FindFallback = [&program] { return FallbackOf(program.Files.DataDirectory); };
 
-    auto* frame = new QGroupBox(QStringLiteral("Datensicherung"), parent);
-    form.Command10 = MakeButton(
-        program, frame, QStringLiteral("Sichern"), QStringLiteral("Command10"), SaveBackup);
-    form.Command11 = MakeButton(program, frame, QStringLiteral("Wiederherstellen"),
-        QStringLiteral("Command11"), RestoreBackup);
-    form.PB1 = Named(new QProgressBar(frame), QStringLiteral("PB1"));
+    auto* frame = new QGroupBox(u"Datensicherung"_s, parent);
+    form.Command10 = MakeButton(program, frame, u"Sichern"_s, u"Command10"_s, SaveBackup);
+    form.Command11
+        = MakeButton(program, frame, u"Wiederherstellen"_s, u"Command11"_s, RestoreBackup);
+    form.PB1 = Named(new QProgressBar(frame), u"PB1"_s);
     form.PB1->setRange(0, 100);
     form.PB1->setValue(form.PB1->minimum());
     form.PB1->setTextVisible(false);
     form.PB1->setMaximumHeight(form.PB1->fontMetrics().height()); // a bar, not an empty field
-    form.PB1->setAccessibleName(QStringLiteral("Fortschritt der Datensicherung"));
+    form.PB1->setAccessibleName(u"Fortschritt der Datensicherung"_s);
 
     auto* grid = new QGridLayout(frame);
     grid->setSpacing(FrameSpacing);
@@ -161,7 +153,7 @@ void SaveBackup(Program& program) // Command10, "Sichern"
         const BusyPointer busy;
         BackUpFiles(program.Files, destination.Folder, names, run.Counting(names.size()));
     }
-    Say(program, SavedTo(destination.Drive), SavedTitle);
+    Tell(program.Ask, SavedTitle, SavedTo(destination.Drive));
 }
 
 void RestoreBackup(Program& program) // Command11, "Wiederherstellen"
@@ -179,5 +171,5 @@ void RestoreBackup(Program& program) // Command11, "Wiederherstellen"
         RestoreFiles(program.Files, destination.Folder, names, run.Counting(names.size()));
     }
     LoadRestoredYear(program);
-    Say(program, RestoredFrom(destination.Drive), RestoredTitle);
+    Tell(program.Ask, RestoredTitle, RestoredFrom(destination.Drive));
 }

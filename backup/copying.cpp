@@ -6,10 +6,12 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // A copy grows under this name, which the pattern does not match, and gets its own when complete.
-const QString UnfinishedName = QStringLiteral(".parzello.neu");
+const QString UnfinishedName = u".parzello.neu"_s;
 
 constexpr qint64 most_bytes = 4 * LargestFile; // of all files of a restore together
 
@@ -23,7 +25,7 @@ RuntimeError CopyError(const QString& file, const SystemError& error, const QStr
 
 QString InFolder(const QString& folder, const QString& name)
 {
-    return folder.endsWith(QLatin1Char('/')) ? folder + name : folder + QLatin1Char('/') + name;
+    return folder.endsWith(u'/') ? folder + name : folder + u'/' + name;
 }
 
 bool IsPlainName(const QString& name)
@@ -32,7 +34,7 @@ bool IsPlainName(const QString& name)
         return character.category() == QChar::Other_Control || character == QChar::LineSeparator
             || character == QChar::ParagraphSeparator
             || character == QChar::ReplacementCharacter // bytes that are no text
-            || character == QLatin1Char('/') || character == QLatin1Char('\\');
+            || character == u'/' || character == u'\\';
     });
 }
 
@@ -41,7 +43,7 @@ QString Shown(QString name)
 {
     for (QChar& character : name) {
         if (!IsPlainName(QString(character)))
-            character = QLatin1Char('?');
+            character = u'?';
     }
     return name;
 }
@@ -60,28 +62,20 @@ QByteArray ReadFromStick(const QString& folder, const QString& name)
     const SystemError error = IsLink(path) ? Fault::IsALink : ReadFileBytes(path, content);
     if (error) {
         throw CopyError(name, error,
-            QStringLiteral("Die Datei kann nicht aus „%1“ gelesen werden. Es wurde nichts "
-                           "wiederhergestellt, alle Daten sind wie zuvor. Bitte prüfen, ob der "
-                           "Stick noch steckt, und noch einmal wiederherstellen.")
-                .arg(folder));
+            u"Die Datei kann nicht aus „%1“ gelesen werden. Es wurde nichts "
+            "wiederhergestellt, alle Daten sind wie zuvor. Bitte prüfen, ob der "
+            "Stick noch steckt, und noch einmal wiederherstellen."_s.arg(folder));
     }
     return content;
-}
-
-/// What was thrown about a single file, and what it means for the whole run.
-void AddToRemedy(RuntimeError& error, const QString& sentence)
-{
-    QString& remedy = error.where.remedy;
-    remedy = remedy.isEmpty() ? sentence : remedy + QLatin1Char(' ') + sentence;
 }
 
 QByteArray ReadFromData(const DataFiles& files, const QString& name)
 {
     try {
-        return ReadBytes(files, QLatin1Char('\\') + name);
+        return ReadBytes(files, u'\\' + name);
     } catch (RuntimeError& error) {
-        AddToRemedy(error,
-            QStringLiteral("Die Sicherung ist unvollständig. Bitte danach noch einmal sichern."));
+        AppendToRemedy(
+            error, u"Die Sicherung ist unvollständig. Bitte danach noch einmal sichern."_s);
         throw;
     }
 }
@@ -106,10 +100,9 @@ SystemError WriteToFolder(
 RuntimeError BackupFailed(const QString& file, const SystemError& error, const QString& folder)
 {
     return CopyError(file, error,
-        QStringLiteral("Die Sicherung nach „%1“ ist unvollständig. Bitte prüfen, ob der Stick "
-                       "noch steckt, nicht schreibgeschützt ist und genug Platz hat, und noch "
-                       "einmal sichern.")
-            .arg(folder));
+        u"Die Sicherung nach „%1“ ist unvollständig. Bitte prüfen, ob der Stick "
+        "noch steckt, nicht schreibgeschützt ist und genug Platz hat, und noch "
+        "einmal sichern."_s.arg(folder));
 }
 
 QList<QByteArray> ReadAllFromStick(const QString& folder, const QStringList& names)
@@ -121,9 +114,8 @@ QList<QByteArray> ReadAllFromStick(const QString& folder, const QStringList& nam
         bytes += contents.last().size();
         if (bytes > most_bytes) {
             throw CopyError(name, Fault::TooLarge,
-                QStringLiteral("Die Dateien in „%1“ sind zusammen zu groß für eine Sicherung "
-                               "dieses Programms. Es wurde nichts wiederhergestellt.")
-                    .arg(folder));
+                u"Die Dateien in „%1“ sind zusammen zu groß für eine Sicherung "
+                "dieses Programms. Es wurde nichts wiederhergestellt."_s.arg(folder));
         }
     }
     return contents;
@@ -135,7 +127,7 @@ QList<QByteArray> ReadAllFromStick(const QString& folder, const QStringList& nam
 QString NameInDataDirectory(const QStringList& existing, const QString& name)
 {
     static const QRegularExpression own(
-        QStringLiteral("^(mitgliedsdaten|konto|handkasse|config)(\\d*\\.(?:pz|ini))$"),
+        u"^(mitgliedsdaten|konto|handkasse|config)(\\d*\\.(?:pz|ini))$"_s,
         QRegularExpression::CaseInsensitiveOption);
     const QRegularExpressionMatch match = own.match(name);
     for (const char* spelling : { "Mitgliedsdaten", "Konto", "HandKasse", "Config" }) {
@@ -154,24 +146,21 @@ QString NameInDataDirectory(const QStringList& existing, const QString& name)
 
 RuntimeError FolderUnreadable(const QString& folder, const SystemError& error, Links links)
 {
-    const QString what = QStringLiteral("Der Ordner „%1“ kann nicht gelesen werden. Es wurde "
-                                        "nichts kopiert. ")
-                             .arg(folder);
+    const QString what = u"Der Ordner „%1“ kann nicht gelesen werden. Es wurde "
+                         "nichts kopiert. "_s.arg(folder);
     if (links == Links::Follow)
-        return CopyError({}, error, what + QStringLiteral("Bitte prüfen, ob er noch da ist."));
+        return CopyError({}, error, what + u"Bitte prüfen, ob er noch da ist."_s);
     return CopyError({}, error,
         what
-            + QStringLiteral("Bitte den Stick mit den gesicherten Daten einstecken, einen "
-                             "Augenblick warten und es noch einmal versuchen."));
+            + u"Bitte den Stick mit den gesicherten Daten einstecken, einen "
+              "Augenblick warten und es noch einmal versuchen."_s);
 }
 
 void CheckTarget(const DataFiles& files, const QString& name)
 {
     const QString path = InFolder(files.DataDirectory, name);
-    const QString what
-        = QStringLiteral("Die Datei im Ordner „%1“ kann nicht ersetzt werden. Es wurde nichts "
-                         "wiederhergestellt, alle Daten sind wie zuvor.")
-              .arg(files.DataDirectory);
+    const QString what = u"Die Datei im Ordner „%1“ kann nicht ersetzt werden. Es wurde nichts "
+                         "wiederhergestellt, alle Daten sind wie zuvor."_s.arg(files.DataDirectory);
     if (IsLink(path))
         throw CopyError(name, Fault::IsALink, what);
     if (const SystemError error = CheckWritable(path))
@@ -181,11 +170,11 @@ void CheckTarget(const DataFiles& files, const QString& name)
 void Replace(const DataFiles& files, const QString& name, const QByteArray& content)
 {
     try {
-        RewriteFile(files, QLatin1Char('\\') + name, content);
+        RewriteFile(files, u'\\' + name, content);
     } catch (RuntimeError& error) {
-        AddToRemedy(error,
-            QStringLiteral("Die Wiederherstellung ist unvollständig. Bitte danach noch einmal "
-                           "wiederherstellen."));
+        AppendToRemedy(error,
+            u"Die Wiederherstellung ist unvollständig. Bitte danach noch einmal "
+            "wiederherstellen."_s);
         throw;
     }
 }
@@ -194,9 +183,9 @@ void Replace(const DataFiles& files, const QString& name, const QByteArray& cont
 
 bool IsDataFileName(const QString& name)
 {
-    return name.endsWith(QStringLiteral(".pz"), Qt::CaseInsensitive)
-        || name.endsWith(QStringLiteral(".ini"), Qt::CaseInsensitive)
-        || name.endsWith(QStringLiteral(".xls"), Qt::CaseInsensitive);
+    return name.endsWith(u".pz"_s, Qt::CaseInsensitive)
+        || name.endsWith(u".ini"_s, Qt::CaseInsensitive)
+        || name.endsWith(u".xls"_s, Qt::CaseInsensitive);
 }
 
 QStringList DataFileNames(const QString& folder, Links links)
@@ -213,9 +202,8 @@ QStringList DataFileNames(const QString& folder, Links links)
             continue;
         if (!IsPlainName(name)) {
             throw CopyError(Shown(name), Fault::NotAFileName,
-                QStringLiteral("Es wurde nichts kopiert. Bitte die Datei im Ordner „%1“ löschen "
-                               "oder umbenennen und es noch einmal versuchen.")
-                    .arg(folder));
+                u"Es wurde nichts kopiert. Bitte die Datei im Ordner „%1“ löschen "
+                "oder umbenennen und es noch einmal versuchen."_s.arg(folder));
         }
         names += name;
     }
@@ -228,11 +216,10 @@ void CheckBackupFolder(const DataFiles& files, const QString& folder)
     if (!IsSameFolder(files.DataDirectory, folder))
         return;
     throw CopyError({}, Fault::IsDataDirectory,
-        QStringLiteral("Der Sicherungsordner „%1“ ist der Ordner, in dem das Programm selbst mit "
-                       "seinen Daten liegt. Es wurde nichts kopiert. Bitte einen (anderen) "
-                       "USB-Stick einstecken, einen Augenblick warten und es noch einmal "
-                       "versuchen.")
-            .arg(folder));
+        u"Der Sicherungsordner „%1“ ist der Ordner, in dem das Programm selbst mit "
+        "seinen Daten liegt. Es wurde nichts kopiert. Bitte einen (anderen) "
+        "USB-Stick einstecken, einen Augenblick warten und es noch einmal "
+        "versuchen."_s.arg(folder));
 }
 
 void CreateBackupFolder(const QString& folder)
@@ -241,9 +228,8 @@ void CreateBackupFolder(const QString& folder)
     if (!error)
         return;
     throw CopyError({}, error,
-        QStringLiteral("Der Ordner „%1“ kann nicht angelegt werden. Es wurde nichts gesichert. "
-                       "Bitte prüfen, ob der Stick noch steckt und nicht schreibgeschützt ist.")
-            .arg(folder));
+        u"Der Ordner „%1“ kann nicht angelegt werden. Es wurde nichts gesichert. "
+        "Bitte prüfen, ob der Stick noch steckt und nicht schreibgeschützt ist."_s.arg(folder));
 }
 
 void BackUpFiles(

@@ -8,6 +8,8 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+using namespace Qt::StringLiterals;
+
 QGroupBox* MakeFrame(QWidget* parent, const QString& caption)
 {
     auto* frame = new QGroupBox(caption, parent);
@@ -47,12 +49,11 @@ void AddSaveRow(QGridLayout* grid, QLabel* mark, QPushButton* button)
 
 QLabel* MakeMark(QWidget* parent, const QString& name)
 {
-    auto* mark = Named(new QLabel(QStringLiteral("Nicht gespeichert"), parent), name);
+    auto* mark = Named(new QLabel(u"Nicht gespeichert"_s, parent), name);
     mark->setBackgroundRole(QPalette::Base);
     mark->setAutoFillBackground(true);
     mark->setMargin(FrameSpacing / 2);
-    Tint(mark, TintKind::Unsaved,
-        QStringLiteral("Hier wurde etwas geändert und noch nicht gespeichert."));
+    Tint(mark, TintKind::Unsaved, u"Hier wurde etwas geändert und noch nicht gespeichert."_s);
     QSizePolicy policy = mark->sizePolicy();
     policy.setRetainSizeWhenHidden(true); // nothing moves when it appears
     mark->setSizePolicy(policy);
@@ -60,10 +61,31 @@ QLabel* MakeMark(QWidget* parent, const QString& name)
     return mark;
 }
 
+void MarkUnsaved(QWidget* field, bool differs)
+{
+    if (TintOf(field) != TintKind::Wrong)
+        Tint(field, differs ? TintKind::Unsaved : TintKind::None,
+            u"Diese Eingabe ist noch nicht gespeichert."_s);
+}
+
+void MarkWrongOrUnsaved(QWidget* field, bool wrong, const QString& tool_tip, bool differs)
+{
+    Tint(field, TintKind::None);
+    if (wrong)
+        Tint(field, TintKind::Wrong, tool_tip);
+    MarkUnsaved(field, differs);
+}
+
+void LeaveRoomBeside(QGridLayout* grid)
+{
+    grid->setColumnStretch(2, 1);
+    grid->setRowStretch(grid->rowCount(), 1);
+}
+
 QPushButton* MakeSaveButton(
     QWidget* parent, const QString& name, const QString& accessible_name, const QString& tool_tip)
 {
-    auto* button = Named(MakeButton(parent, QStringLiteral("Speichern"), tool_tip), name);
+    auto* button = Named(MakeButton(parent, u"Speichern"_s, tool_tip), name);
     button->setAccessibleName(accessible_name);
     MakePrimary(button);
     return button;

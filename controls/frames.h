@@ -32,6 +32,17 @@ void AddSaveRow(QGridLayout* grid, QLabel* mark, QPushButton* button);
 /// The mark "Nicht gespeichert", tinted and hidden; nothing moves when it appears.
 QLabel* MakeMark(QWidget* parent, const QString& name);
 
+/// Tints a field that differs from what is saved. A field that is tinted as wrong stays so: that
+/// tint is the louder one and set by the field.
+void MarkUnsaved(QWidget* field, bool differs);
+
+/// The same for a field that does not know by itself that it is wrong; tool_tip says why.
+void MarkWrongOrUnsaved(QWidget* field, bool wrong, const QString& tool_tip, bool differs);
+
+/// Where there is more room than needed it goes to the right and below, not between captions and
+/// fields.
+void LeaveRoomBeside(QGridLayout* grid);
+
 /// The accessible name tells several buttons "Speichern" of a tab apart.
 QPushButton* MakeSaveButton(
     QWidget* parent, const QString& name, const QString& accessible_name, const QString& tool_tip);

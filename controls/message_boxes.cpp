@@ -5,6 +5,8 @@
 #include <QMessageBox>
 #include <QPushButton>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// A question that must be answered: Escape and the title bar's cross do nothing.
@@ -50,10 +52,18 @@ QMessageBox::Icon QtIcon(BoxIcon icon)
 
 } // namespace
 
+void Tell(const AskRoutine& ask, const QString& title, const QString& text)
+{
+    MessageBox box;
+    box.text = text;
+    box.title = title;
+    ask(box);
+}
+
 BoxAnswer ShowMessageBox(QWidget* window, const MessageBox& box)
 {
     AnswerBox shown(window);
-    shown.setObjectName(QStringLiteral("MessageBox"));
+    shown.setObjectName(u"MessageBox"_s);
     shown.setWindowTitle(box.title);
     shown.setTextFormat(Qt::PlainText); // a member called "<b>" must not change the box
     shown.setText(box.text);
@@ -62,16 +72,16 @@ BoxAnswer ShowMessageBox(QWidget* window, const MessageBox& box)
 
     if (box.buttons == BoxButtons::YesNo) {
         shown.MustAnswer = true;
-        QPushButton* yes = shown.addButton(QStringLiteral("Ja"), QMessageBox::YesRole);
-        shown.addButton(QStringLiteral("Nein"), QMessageBox::NoRole);
+        QPushButton* yes = shown.addButton(u"Ja"_s, QMessageBox::YesRole);
+        shown.addButton(u"Nein"_s, QMessageBox::NoRole);
         shown.setDefaultButton(yes);
         shown.exec();
         return shown.clickedButton() == yes ? BoxAnswer::Yes : BoxAnswer::No;
     }
-    QPushButton* ok = shown.addButton(QStringLiteral("OK"), QMessageBox::AcceptRole);
+    QPushButton* ok = shown.addButton(u"OK"_s, QMessageBox::AcceptRole);
     shown.setDefaultButton(ok);
     if (box.buttons == BoxButtons::OkCancel) {
-        QPushButton* cancel = shown.addButton(QStringLiteral("Abbrechen"), QMessageBox::RejectRole);
+        QPushButton* cancel = shown.addButton(u"Abbrechen"_s, QMessageBox::RejectRole);
         shown.setEscapeButton(cancel);
         shown.exec();
         return shown.clickedButton() == ok ? BoxAnswer::Ok : BoxAnswer::Cancel;

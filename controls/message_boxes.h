@@ -22,6 +22,9 @@ struct MessageBox {
 
 using AskRoutine = std::function<BoxAnswer(const MessageBox&)>;
 
+/// A box that only tells something: "OK", no icon.
+void Tell(const AskRoutine& ask, const QString& title, const QString& text);
+
 /// Shows the box over the window and waits. Escape in a box with "Abbrechen" is "Abbrechen"; in a
 /// Yes/No box Escape and the title bar's cross do nothing. The box's object name is "MessageBox".
 BoxAnswer ShowMessageBox(QWidget* window, const MessageBox& box);

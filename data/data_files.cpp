@@ -132,7 +132,8 @@ RuntimeError FileError(const DataFiles& files, const QString& name, const System
     Place where;
     where.file = FileNameOf(name);
     where.remedy = Remedy(error, files.DataDirectory, deed);
+    RuntimeError refused { ErrorKind::File, where, ReasonOf(error) };
     if (!before.isEmpty())
-        where.remedy.prepend(before + QLatin1Char(' '));
-    return { ErrorKind::File, where, ReasonOf(error) };
+        PrependToRemedy(refused, before);
+    return refused;
 }

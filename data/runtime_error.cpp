@@ -19,6 +19,18 @@ QString ErrorHeadline(const RuntimeError& error)
     return error.reason;
 }
 
+void AppendToRemedy(RuntimeError& error, const QString& sentence)
+{
+    QString& remedy = error.where.remedy;
+    remedy = (remedy + QLatin1Char(' ') + sentence).trimmed();
+}
+
+void PrependToRemedy(RuntimeError& error, const QString& sentence)
+{
+    QString& remedy = error.where.remedy;
+    remedy = (sentence + QLatin1Char(' ') + remedy).trimmed();
+}
+
 QString ErrorSentence(const RuntimeError& error)
 {
     const Place& where = error.where;

@@ -35,3 +35,19 @@ QString ErrorHeadline(const RuntimeError& error);
 
 /// Second paragraph: one sentence that names file, line, member and field, followed by the remedy.
 QString ErrorSentence(const RuntimeError& error);
+
+/// One more sentence behind or in front of the error's remedy.
+void AppendToRemedy(RuntimeError& error, const QString& sentence);
+void PrependToRemedy(RuntimeError& error, const QString& sentence);
+
+/// Runs the routine; what it throws says the sentence in front of its remedy. For what a failure
+/// means to the caller, which the routine cannot know.
+template <typename Routine> auto WithConsequence(const QString& sentence, Routine routine)
+{
+    try {
+        return routine();
+    } catch (RuntimeError& error) {
+        PrependToRemedy(error, sentence);
+        throw;
+    }
+}

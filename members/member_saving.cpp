@@ -27,9 +27,7 @@ std::optional<RuntimeError> SaveMembers(const MemberLists& lists, const DataFile
         if (IsInFile(lists, files, year_text))
             return error;
         RuntimeError extended = error;
-        if (!extended.where.remedy.isEmpty())
-            extended.where.remedy += QLatin1Char(' ');
-        extended.where.remedy += what_is_left;
+        AppendToRemedy(extended, what_is_left);
         throw RuntimeError(extended);
     }
     return std::nullopt;

@@ -5,6 +5,8 @@
 
 #include <array>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 struct KeyedText {
@@ -12,18 +14,18 @@ struct KeyedText {
     QString key;
 };
 
-const QString section = QStringLiteral("Daten");
-const QString salutation_key = QStringLiteral("Anrede");
+const QString section = u"Daten"_s;
+const QString salutation_key = u"Anrede"_s;
 
 /// In the order of the fields and of the file. IBAN and BIC lie under the names of the numbers that
 /// they replaced, so that old files stay readable.
 const std::array<KeyedText, BankFieldCount + 1> texts { {
-    { &BankSettings::BankName, QStringLiteral("Bankname") },
-    { &BankSettings::Iban, QStringLiteral("BLZ") }, // sic
-    { &BankSettings::Bic, QStringLiteral("Kontonummer") }, // sic
-    { &BankSettings::FirstContact, QStringLiteral("Name1") },
-    { &BankSettings::SecondContact, QStringLiteral("Name2") },
-    { &BankSettings::TreasurerName, QStringLiteral("Name") },
+    { &BankSettings::BankName, u"Bankname"_s },
+    { &BankSettings::Iban, u"BLZ"_s }, // sic
+    { &BankSettings::Bic, u"Kontonummer"_s }, // sic
+    { &BankSettings::FirstContact, u"Name1"_s },
+    { &BankSettings::SecondContact, u"Name2"_s },
+    { &BankSettings::TreasurerName, u"Name"_s },
     { &BankSettings::TreasurerSalutation, salutation_key },
 } };
 

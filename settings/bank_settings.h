@@ -17,9 +17,20 @@ struct BankSettings {
     QString SecondContact; ///< Text6(4) "Name2"
     QString TreasurerName; ///< Text6(5) "Name"
     QString TreasurerSalutation; ///< C1 "Anrede"
+
+    bool operator==(const BankSettings& other) const = default;
 };
 
-inline constexpr std::size_t BankFieldCount = 6; ///< Text6(0) to Text6(5)
+/// The fields Text6(0) to Text6(5).
+enum BankField : std::size_t {
+    BankNameField = 0,
+    IbanField,
+    BicField,
+    FirstContactField,
+    SecondContactField,
+    TreasurerNameField,
+    BankFieldCount
+};
 
 /// The text that the field Text6(index) shows, index 0 to 5.
 QString& BankText(BankSettings& bank, std::size_t index);

@@ -1,10 +1,11 @@
-// The frame "Kosten" of the tab "Einstellungen".
 #include "settings/price_frame_form.h"
 
 #include "app/program.h"
-#include "controls/calendar.h"
 #include "controls/fields.h"
 #include "controls/frames.h"
+#include "data/dates.h"
+#include "settings/billing_dates_form.h"
+#include "settings/texts.h"
 
 #include <QCalendarWidget>
 #include <QCheckBox>
@@ -13,6 +14,8 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -23,15 +26,7 @@ QLineEdit* MakePriceField(QWidget* parent, std::size_t index)
         parent, FieldKind::Amount, AmountCharacters, price.Caption.trimmed(), price.Unit);
     field->setMaximumWidth(field->minimumWidth());
     field->setToolTip(price.Unit);
-    return Named(field, QStringLiteral("Text4"), static_cast<int>(index));
-}
-
-/// Where there is more room than needed it goes to the right and below, not between captions and
-/// fields.
-void LeaveRoomAround(QGridLayout* grid)
-{
-    grid->setColumnStretch(2, 1);
-    grid->setRowStretch(grid->rowCount(), 1);
+    return Named(field, u"Text4"_s, static_cast<int>(index));
 }
 
 QGridLayout* BuildPriceColumn(SettingsForm& form, QWidget* frame)
@@ -43,95 +38,188 @@ QGridLayout* BuildPriceColumn(SettingsForm& form, QWidget* frame)
         AddRow(grid, PriceTable().at(i).Caption, form.Text4[i]);
     }
     form.Text4[PriceCount - 1]->setToolTip(
-        QStringLiteral("Euro. Wird gespeichert und in das nächste Jahr übernommen, aber nicht "
-                       "berechnet. Nach einem Neustart ist das Feld leer: Ein Speichern ersetzt "
-                       "dann den alten Betrag."));
-    form.Check1 = Named(
-        new QCheckBox(QStringLiteral("Vorauszahlung Strom"), frame), QStringLiteral("Check1"));
-    form.Check2 = Named(
-        new QCheckBox(QStringLiteral("Vorauszahlung Wasser"), frame), QStringLiteral("Check2"));
+        u"Euro. Wird gespeichert und in das nächste Jahr übernommen, aber nicht "
+        "berechnet. Nach einem Neustart ist das Feld leer: Ein Speichern ersetzt "
+        "dann den alten Betrag."_s);
+    form.Check1 = Named(new QCheckBox(u"Vorauszahlung Strom"_s, frame), u"Check1"_s);
+    form.Check2 = Named(new QCheckBox(u"Vorauszahlung Wasser"_s, frame), u"Check2"_s);
     grid->addWidget(form.Check1, grid->rowCount(), 0, 1, 2);
     grid->addWidget(form.Check2, grid->rowCount(), 0, 1, 2);
-    LeaveRoomAround(grid);
-    return grid;
-}
-
-/// A label that looks like the read-only field of the other date.
-QLabel* MakeDateLabel(QWidget* parent)
-{
-    auto* label = Named(new QLabel(parent), QStringLiteral("Label7"));
-    label->setTextFormat(Qt::PlainText);
-    label->setFrameShape(QFrame::StyledPanel);
-    label->setBackgroundRole(QPalette::Base);
-    label->setAutoFillBackground(true);
-    label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    label->setAccessibleName(QStringLiteral("Abrechnungsdatum"));
-    return label;
-}
-
-QCalendarWidget* MakeDateCalendar(QWidget* parent, const QString& name, const QString& says)
-{
-    QCalendarWidget* calendar = Named(MakeCalendar(parent, says), name);
-    calendar->setToolTip(
-        QStringLiteral("Ein Klick oder die Eingabetaste nimmt den Tag. Bild auf und Bild ab "
-                       "wechseln den Monat."));
-    return calendar;
-}
-
-QGridLayout* BuildDateColumn(SettingsForm& form, QWidget* frame)
-{
-    form.Label7 = MakeDateLabel(frame);
-    form.Calendar1 = MakeDateCalendar(
-        frame, QStringLiteral("Calendar1"), QStringLiteral("Abrechnungsdatum wählen"));
-    form.Text4[DeadlineField] = Named(MakeField(frame, FieldKind::DisplayOnly, DateCharacters,
-                                          QStringLiteral("Einzuzahlen bis Spätestens")),
-        QStringLiteral("Text4"), static_cast<int>(DeadlineField));
-    form.Calendar2 = MakeDateCalendar(
-        frame, QStringLiteral("Calendar2"), QStringLiteral("Einzuzahlen bis Spätestens wählen"));
-
-    form.Text4[DeadlineField]->setMaximumWidth(form.Text4[DeadlineField]->minimumWidth());
-
-    auto* grid = new QGridLayout;
-    grid->setSpacing(FrameSpacing);
-    AddRow(grid, QStringLiteral("Abrechnungsdatum"), form.Label7);
-    form.Label7->setMinimumHeight(form.Text4[DeadlineField]->sizeHint().height());
-    form.Label7->setMaximumWidth(form.Text4[DeadlineField]->minimumWidth());
-    grid->addWidget(form.Calendar1, grid->rowCount(), 0, 1, 2);
-    AddRow(grid, QStringLiteral("Einzuzahlen bis Spätestens"), form.Text4[DeadlineField]);
-    grid->addWidget(form.Calendar2, grid->rowCount(), 0, 1, 2);
-    LeaveRoomAround(grid);
+    LeaveRoomBeside(grid);
     return grid;
 }
 
 QLabel* MakeHeading(QWidget* parent)
 {
-    QLabel* heading = Named(
-        MakeCaption(parent, QStringLiteral("Preise für das Jahr")), QStringLiteral("Label4"));
+    QLabel* heading = Named(MakeCaption(parent, u"Preise für das Jahr"_s), u"Label4"_s);
     QFont bold = heading->font();
     bold.setBold(true);
     heading->setFont(bold);
     return heading;
 }
 
+void PriceEdited(Program& program)
+{
+    CountAsEdited(program.Settings, SettingsQuestion::Prices);
+    ShowPriceMarks(program);
+}
+
+void ConnectCalendar(
+    Program& program, QCalendarWidget* calendar, void (*pick)(Program&, const QDate&))
+{
+    On(program, calendar, &QCalendarWidget::clicked, pick);
+    On(program, calendar, &QCalendarWidget::activated, pick);
+}
+
+/// Marks follow every text, typed or set by code; edits are only what the user does.
+void ConnectPriceFrame(Program& program)
+{
+    const SettingsForm& form = program.SettingsTab;
+    for (std::size_t i = 0; i < PriceCount; ++i) {
+        On(program, form.Text4[i], &QLineEdit::textEdited, PriceEdited);
+        On(program, form.Text4[i], &QLineEdit::textChanged, ShowPriceMarks);
+    }
+    On(program, form.Check1, &QCheckBox::clicked, PriceEdited);
+    On(program, form.Check2, &QCheckBox::clicked, PriceEdited);
+    ConnectCalendar(program, form.Calendar1, PickBillingDate);
+    ConnectCalendar(program, form.Calendar2, PickPaymentDeadline);
+    On(program, form.Command5, &QPushButton::clicked, SavePriceSettings);
+}
+
+void ShowPriceFields(const SettingsForm& form, const PriceSettings& prices)
+{
+    for (std::size_t i = 0; i < form.Text4.size(); ++i)
+        form.Text4[i]->setText(PriceText(prices, i));
+    form.Label7->setText(prices.BillingDate);
+    form.Check1->setChecked(prices.ElectricityPrepayment == 1);
+    form.Check2->setChecked(prices.WaterPrepayment == 1);
+}
+
+/// What the fields hold is what lies in the file.
+void TakePrices(Program& program, const PriceSettings& prices)
+{
+    program.Prices = prices;
+    program.Settings.SavedPrices = prices;
+    program.Settings.DeclinedPrices.reset();
+}
+
 } // namespace
 
-PriceFrame BuildPriceFrame(SettingsForm& form, QWidget* parent)
+PriceFrame BuildPriceFrame(Program& program, QWidget* parent)
 {
-    QGroupBox* frame = MakeFrame(parent, QStringLiteral("Kosten"));
+    SettingsForm& form = program.SettingsTab;
+    QGroupBox* frame = MakeFrame(parent, u"Kosten"_s);
     form.Label4 = MakeHeading(frame);
     auto* columns = new QBoxLayout(QBoxLayout::LeftToRight);
     columns->setSpacing(3 * FrameSpacing);
     columns->addLayout(BuildPriceColumn(form, frame));
-    columns->addLayout(BuildDateColumn(form, frame), 1);
-    form.PricesMark = MakeMark(frame, QStringLiteral("PricesMark"));
-    form.Command5
-        = MakeSaveButton(frame, QStringLiteral("Command5"), QStringLiteral("Preise speichern"),
-            QStringLiteral("Speichert Preise, beide Daten und die Vorauszahlungen (Strg+S)"));
+    columns->addLayout(BuildBillingDates(program, frame), 1);
+    form.PricesMark = MakeMark(frame, u"PricesMark"_s);
+    form.Command5 = MakeSaveButton(frame, u"Command5"_s, u"Preise speichern"_s,
+        u"Speichert Preise, beide Daten und die Vorauszahlungen (Strg+S)"_s);
 
     QGridLayout* grid = GridOf(frame);
     grid->addWidget(form.Label4, 0, 0);
     grid->addLayout(columns, 1, 0);
     AddSaveRow(grid, form.PricesMark, form.Command5);
     grid->setColumnStretch(1, 1); // the button stays with the calendars in a wide frame
+    ConnectPriceFrame(program);
     return { frame, columns };
+}
+
+PriceSettings ReadPriceFields(const Program& program)
+{
+    const SettingsForm& form = program.SettingsTab;
+    PriceSettings typed = program.Settings.SavedPrices; // last year's prices stand in no field
+    for (std::size_t i = 0; i < form.Text4.size(); ++i)
+        PriceText(typed, i) = form.Text4[i]->text();
+    typed.BillingDate = form.Label7->text();
+    typed.ElectricityPrepayment = form.Check1->isChecked() ? 1 : 0;
+    typed.WaterPrepayment = form.Check2->isChecked() ? 1 : 0;
+    return typed;
+}
+
+bool PricesDiffer(const Program& program)
+{
+    return ReadPriceFields(program) != program.Settings.SavedPrices;
+}
+
+void ShowPriceMarks(Program& program)
+{
+    const SettingsForm& form = program.SettingsTab;
+    const PriceSettings shown = ReadPriceFields(program);
+    const PriceSettings& saved = program.Settings.SavedPrices;
+    for (std::size_t i = 0; i < PriceCount; ++i)
+        MarkUnsaved(form.Text4[i], PriceText(shown, i) != PriceText(saved, i));
+    ShowDateMarks(program);
+    MarkUnsaved(form.Check1, shown.ElectricityPrepayment != saved.ElectricityPrepayment);
+    MarkUnsaved(form.Check2, shown.WaterPrepayment != saved.WaterPrepayment);
+    form.PricesMark->setVisible(shown != saved);
+}
+
+void LoadPrices(Program& program)
+{
+    const QString& year = program.Year.YearText;
+    const LoadedPrices loaded = WithConsequence(PricesNotRead, [&] {
+        return ReadPrices(program.Files, year, program.Year.YearNumber, ReadPriceFields(program));
+    });
+    ShowPriceFields(program.SettingsTab, loaded.Prices);
+    TakePrices(program, loaded.Prices);
+    if (loaded.CarriedOver)
+        WithConsequence(
+            CarryOverNotWritten, [&] { WriteCarriedOver(program.Files, year, loaded.Prices); });
+}
+
+void SavePriceSettings(Program& program) // Command5, "Speichern"
+{
+    const PriceSettings typed = ReadPriceFields(program);
+    PriceSettings stored = typed;
+    stored.BillingDate = program.Prices.BillingDate; // the dates in force, not those shown
+    stored.PaymentDeadline = program.Prices.PaymentDeadline;
+    WithConsequence(
+        SettingsNotSaved, [&] { WritePrices(program.Files, program.Year.YearText, stored); });
+
+    TakePrices(program, typed);
+    DrawStatementPages(program);
+    CountAsSaved(program.Settings);
+    ShowPriceMarks(program);
+    Tell(program.Ask, SettingsSavedTitle, SettingsSavedMessage);
+}
+
+void RestorePriceFields(Program& program)
+{
+    const SettingsForm& form = program.SettingsTab;
+    const PriceSettings& saved = program.Settings.SavedPrices;
+    for (std::size_t i = 0; i < PriceCount; ++i) {
+        if (!PriceText(saved, i).isEmpty()) // an empty saved text leaves the field as it is
+            form.Text4[i]->setText(PriceText(saved, i));
+    }
+    form.Check1->setChecked(saved.ElectricityPrepayment == 1);
+    form.Check2->setChecked(saved.WaterPrepayment == 1);
+    ShowPriceMarks(program);
+}
+
+void ShowSettingsYear(Program& program)
+{
+    const SettingsForm& form = program.SettingsTab;
+    const QString& year = program.Year.YearText;
+    form.Label4->setText(u"Preise für das Jahr "_s + year);
+    SetSettingsCalendarsToYear(program, year.toInt());
+}
+
+void PickBillingDate(Program& program, const QDate& date) // Calendar1
+{
+    CountAsEdited(program.Settings, SettingsQuestion::Prices);
+    program.SettingsTab.Label7->setText(ShortDate(date));
+    program.Prices.BillingDate = program.SettingsTab.Label7->text();
+    ShowPriceMarks(program);
+}
+
+void PickPaymentDeadline(Program& program, const QDate& date) // Calendar2
+{
+    CountAsEdited(program.Settings, SettingsQuestion::Prices);
+    QLineEdit* deadline = program.SettingsTab.Text4[DeadlineField];
+    deadline->setText(ShortDate(date));
+    program.Prices.PaymentDeadline = deadline->text();
+    ShowPriceMarks(program);
 }

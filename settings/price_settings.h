@@ -9,6 +9,8 @@
 #include <array>
 #include <cstddef>
 
+using Qt::StringLiterals::operator""_s;
+
 /// The prices of the loaded year; texts as typed. Text4(0) to Text4(6), in this order, are the
 /// first seven.
 struct PriceSettings {
@@ -26,6 +28,8 @@ struct PriceSettings {
     qint16 WaterPrepayment = 0; ///< the same for water
     QString PreviousElectricityPrice; ///< last year's "Stromkosten"
     QString PreviousWaterPrice; ///< last year's "Wasserkosten"
+
+    bool operator==(const PriceSettings& other) const = default;
 };
 
 /// The prices in the order of their fields Text4(0) to Text4(7), and the field behind them.
@@ -54,7 +58,7 @@ struct PriceRow {
 const std::array<PriceRow, PriceCount>& PriceTable();
 
 /// Both dates of a new year read so until they are picked.
-inline const QString DateToUpdate = QStringLiteral("Bitte aktualisieren");
+inline const QString DateToUpdate = u"Bitte aktualisieren"_s;
 
 /// The text that the field Text4(index) shows, index 0 to 8.
 QString& PriceText(PriceSettings& prices, std::size_t index);

@@ -175,12 +175,15 @@ private Q_SLOTS:
         large.setPointSize(16);
         QApplication::setFont(large);
         Program program; // the tab alone: the other tabs have widths of their own
-        QWidget tab;
-        BuildSettingsTab(program, &tab);
-        tab.resize(1000, 560);
-        tab.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&tab));
-        const auto* scroll = tab.findChild<QScrollArea*>();
+        QScrollArea page;
+        auto* tab = new QWidget;
+        page.setWidgetResizable(true);
+        page.setWidget(tab);
+        BuildSettingsTab(program, tab);
+        page.resize(1000, 560);
+        page.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&page));
+        const QScrollArea* scroll = &page;
         QCOMPARE(scroll->horizontalScrollBar()->maximum(), 0);
         QVERIFY(scroll->verticalScrollBar()->maximum() > 0);
         const SettingsForm& form = program.SettingsTab;
@@ -189,7 +192,7 @@ private Q_SLOTS:
         };
         QVERIFY(top(form.Text6[0]) > top(form.Command5));
         QVERIFY(top(form.Label7) > top(form.Check2));
-        tab.resize(2500, 560);
+        page.resize(2500, 560);
         QVERIFY(top(form.Text6[0]) < top(form.Text4[1]));
         QVERIFY(top(form.Label7) < top(form.Text4[1]));
         QApplication::setFont(normal);

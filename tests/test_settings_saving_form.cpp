@@ -59,8 +59,8 @@ private Q_SLOTS:
         QCOMPARE(program.Prices.ElectricityPrice, QStringLiteral("0,35"));
         QCOMPARE(program.Prices.RepairLevy, QStringLiteral("5,00"));
         QCOMPARE(program.Prices.WaterPrepayment, qint16(1));
-        QCOMPARE(program.Settings.SavedPrices[0], QStringLiteral("0,35"));
-        QCOMPARE(program.Settings.SavedPrices[7], QStringLiteral("5,00"));
+        QCOMPARE(program.Settings.SavedPrices.ElectricityPrice, QStringLiteral("0,35"));
+        QCOMPARE(program.Settings.SavedPrices.RepairLevy, QStringLiteral("5,00"));
         QVERIFY(program.Settings.SettingsSaved);
         QVERIFY(!program.Settings.PricesEdited);
         QCOMPARE(club.BoxTexts(), QStringList { SavedBox });
@@ -119,7 +119,7 @@ private Q_SLOTS:
         QCOMPARE(club.Read(BankFile), BankData);
         for (std::size_t i = 0; i < 6; ++i) {
             QCOMPARE(BankText(club.program.Bank, i), typed[static_cast<int>(i)]);
-            QCOMPARE(club.program.Settings.SavedBank[i], typed[static_cast<int>(i)]);
+            QCOMPARE(BankText(club.program.Settings.SavedBank, i), typed[static_cast<int>(i)]);
         }
         QCOMPARE(club.program.Bank.TreasurerSalutation, QStringLiteral("Frau"));
         QVERIFY(club.program.Settings.SettingsSaved);
@@ -151,7 +151,7 @@ private Q_SLOTS:
         QVERIFY(!club.program.Settings.SettingsSaved);
         QVERIFY(club.program.Settings.PricesEdited);
         QCOMPARE(club.program.Prices.ElectricityPrice, QStringLiteral("0,00"));
-        QCOMPARE(club.program.Settings.SavedPrices[0], QStringLiteral("0,00"));
+        QCOMPARE(club.program.Settings.SavedPrices.ElectricityPrice, QStringLiteral("0,00"));
         QCOMPARE(club.Price(0)->text(), QStringLiteral("0,35"));
 
         Type(club.Bank(0), QStringLiteral("Sparkasse"));
@@ -160,7 +160,7 @@ private Q_SLOTS:
         QVERIFY(club.Boxes[1].detail.startsWith(QStringLiteral("Datei „Config1.ini“: ")));
         QVERIFY(!club.program.Settings.SettingsSaved);
         QCOMPARE(club.program.Bank.BankName, QString());
-        QCOMPARE(club.program.Settings.SavedBank[0], QString());
+        QCOMPARE(club.program.Settings.SavedBank.BankName, QString());
     }
 
     void the_salutation_alone_is_written_only_when_it_differs()

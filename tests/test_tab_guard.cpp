@@ -258,7 +258,7 @@ private Q_SLOTS:
     {
         Club club;
         club.Type("Text4(7)", QStringLiteral("5")); // the saved text is empty: "Nein" leaves it
-        QCOMPARE(club.program.Settings.SavedPrices[7], QString());
+        QCOMPARE(club.program.Settings.SavedPrices.RepairLevy, QString());
         club.Answers = { BoxAnswer::No };
         club.GoTo(0);
         QCOMPARE(club.BoxTexts(), QStringList { ask_prices });

@@ -1,6 +1,9 @@
 // The tab "Einstellungen" with the settings of one year loaded, without members and ledgers.
 #pragma once
 
+#include "settings/bank_frames_form.h"
+#include "settings/billing_dates_form.h"
+#include "settings/price_frame_form.h"
 #include "tests/support/club.h"
 
 #include <QLineEdit>
