@@ -3,6 +3,7 @@
 #include "app/program.h"
 #include "check/check_form.h"
 #include "controls/fields.h"
+#include "money/money_form.h"
 
 #include <QAction>
 #include <QKeySequence>
@@ -43,6 +44,10 @@ const std::vector<MoreEntry>& MoreEntries()
 {
     static const std::vector<MoreEntry> entries {
         { u"MoreCheck"_s, u"&Prüfbericht …"_s, u"F9"_s, ShowCheckReport },
+        { u"MoreOpenItems"_s, u"&Offene Posten …"_s, {}, ShowOpenItems },
+        { u"MoreCashReport"_s, u"&Kassenbericht …"_s, {}, ShowCashReport },
+        { u"MoreCashBook"_s, u"Kassen&buch …"_s, {}, ShowCashBook },
+        { u"MoreYears"_s, u"&Jahre im Vergleich …"_s, {}, ShowYears },
     };
     return entries;
 }

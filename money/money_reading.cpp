@@ -1,6 +1,8 @@
 #include "money/money_reading.h"
 
+#include "cashbook/date_ordering.h"
 #include "cashbook/ledger_file.h"
+#include "cashbook/ledger_rows.h"
 #include "data/file_names.h"
 #include "data/german_numbers.h"
 #include "data/records.h"
@@ -56,7 +58,7 @@ void ReadOtherLedger(MoneySource& source, const LoadedClub& club, Account accoun
 void AddLedgers(MoneySource& source, const LoadedClub& club)
 {
     for (const Account account : { Account::Bank, Account::CashBox }) {
-        source.Ledgers.push_back(ReadBookings(account, club.Year, LedgerOf(club.Book, account)));
+        source.Ledgers.push_back(ReadBookings(account, club.Year, LedgerLines(club, account)));
         const bool unread
             = account == Account::Bank ? club.Book.BankUnread : club.Book.CashBoxUnread;
         if (unread)
@@ -125,12 +127,23 @@ UnsavedBookings FindUnsaved(const LoadedClub& club)
 
 } // namespace
 
+QStringList LedgerLines(const LoadedClub& club, Account account)
+{
+    const QStringList& lines = LedgerOf(club.Book, account);
+    return account == Account::Bank ? lines : SortLedgerByDate(WithoutStoredBalances(lines));
+}
+
+QString ShownBalance(const LoadedClub& club, Account account)
+{
+    return CurrentBalanceText(ClosingBalance(MakeLedgerRows(LedgerLines(club, account))));
+}
+
 QVector<int> YearsOfFiles(const DataFiles& files, const QString& beginning)
 {
     constexpr qsizetype year_digits = 4;
     const QString end = u".pz"_s;
     QStringList names;
-    if (ListFolder(files.DataDirectory, names) != 0)
+    if (ListFolder(files.DataDirectory, names))
         return {};
     QVector<int> years;
     for (const QString& name : names) {

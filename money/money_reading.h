@@ -27,6 +27,13 @@ struct LoadedClub {
 
 MoneySource ReadMoneySource(const LoadedClub& club);
 
+/// The loaded year's bookings of that account in the order of the ledger view, in which the cash
+/// box is put only when it is shown.
+QStringList LedgerLines(const LoadedClub& club, Account account);
+
+/// The balance as "Kontoführung" shows it, summed in single precision: "710,33 €".
+QString ShownBalance(const LoadedClub& club, Account account);
+
 /// The years of the files with that beginning, four digits and ".pz" in the data directory, in
 /// rising order; none when it cannot be searched.
 QVector<int> YearsOfFiles(const DataFiles& files, const QString& beginning);

@@ -60,10 +60,14 @@ struct ReportSentence {
 
 enum class RowTint { None, Good, Attention, Bad, Calm };
 
+/// Pale: the value is not the whole one. Warning: it is below zero.
+enum class BarLook { Full, Pale, Warning };
+
 struct ReportCell {
     ReportText text = {};
     std::optional<double> sort_value = {}; ///< what the column is sorted by; without it the text
     std::optional<double> bar = {}; ///< 0 to 1: a bar of that length behind the text
+    BarLook bar_look = BarLook::Full;
 };
 
 struct ReportRow {

@@ -83,15 +83,28 @@ void HtmlMaker::operator()(const ReportSentence& sentence)
     html += u"</p>\n"_s;
 }
 
-QString HtmlOfBar(double length)
+QString ColourOf(BarLook look)
+{
+    switch (look) {
+    case BarLook::Full:
+        break;
+    case BarLook::Pale:
+        return u"rgba(61,142,201,70)"_s;
+    case BarLook::Warning:
+        return u"rgba(224,79,79,160)"_s;
+    }
+    return u"rgba(61,142,201,160)"_s;
+}
+
+QString HtmlOfBar(double length, BarLook look)
 {
     const auto pixels
         = static_cast<int>(std::lround(std::clamp(length, 0.0, 1.0) * full_bar_pixels));
     if (pixels == 0)
         return {};
     return u"<table cellspacing=\"0\" cellpadding=\"0\"><tr><td width=\"%1\" "
-           u"style=\"background-color:"
-           "rgba(61,142,201,160)\">&nbsp;</td></tr></table>"_s.arg(pixels);
+           "style=\"background-color:%2\">&nbsp;</td></tr></table>"_s.arg(pixels)
+               .arg(ColourOf(look));
 }
 
 QString HtmlOfCaption(
@@ -126,7 +139,8 @@ QString HtmlOfRow(const ReportTable& table, const ReportRow& row, HtmlUse use)
             style += u"font-weight:bold; border-top:1px solid gray"_s;
         html += u"<td"_s + Alignment(table.columns[i]) + u" style=\""_s + style.join(u"; "_s)
             + u"\">"_s;
-        html += (cell.bar ? HtmlOfBar(*cell.bar) : QString()) + HtmlOf(cell.text, use);
+        html += (cell.bar ? HtmlOfBar(*cell.bar, cell.bar_look) : QString())
+            + HtmlOf(cell.text, use);
         html += u"</td>"_s;
     }
     return html + u"</tr>\n"_s;
