@@ -95,10 +95,10 @@ namespace {
 
 void ClearLedgers(Program& program)
 {
-    program.CashBook.BankLedger.clear();
-    program.CashBook.CashBoxLedger.clear();
-    program.CashBook.BankUnsaved = false;
-    program.CashBook.CashBoxUnsaved = false;
+    program.CashBook.Bank.Lines.clear();
+    program.CashBook.CashBox.Lines.clear();
+    program.CashBook.Bank.Unsaved = false;
+    program.CashBook.CashBox.Unsaved = false;
 }
 
 void ShowFirstOrCurrentMember(Program& program)

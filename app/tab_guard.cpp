@@ -112,7 +112,7 @@ bool AskForUnsaved(Program& program)
         return without_error;
     };
     bool all_done = true;
-    if (program.CashBook.BankUnsaved || program.CashBook.CashBoxUnsaved)
+    if (program.CashBook.Bank.Unsaved || program.CashBook.CashBox.Unsaved)
         all_done = done([&] { AskForBalance(program); });
     all_done = done([&] { asked_for_settings = AskForPrices(program); }) && all_done;
     all_done = done([&] { asked_for_settings |= AskForBank(program); }) && all_done;

@@ -87,8 +87,8 @@ void LoadRestoredYear(Program& program)
     if (!loads)
         return; // "Datenfehler" was shown, and everything in memory stayed
     program.CashBook.LedgerChanged = false;
-    program.CashBook.BankUnsaved = false;
-    program.CashBook.CashBoxUnsaved = false;
+    program.CashBook.Bank.Unsaved = false;
+    program.CashBook.CashBox.Unsaved = false;
     CountAsSaved(program.Settings);
 }
 

@@ -152,7 +152,7 @@ int main(int argument_count, char** arguments)
 
     Club club(bytes);
     Program& program = club.program;
-    const QStringList lines = program.CashBook.BankLedger;
+    const QStringList lines = program.CashBook.Bank.Lines;
     Report(QStringLiteral("balances of all rows"), BestOf([&] { MakeLedgerRows(lines); }), floor);
     Report(QStringLiteral("date order"), BestOf([&] { SortLedgerByDate(lines); }), floor);
     Report(QStringLiteral("load the file and show it"), BestOf([&] {

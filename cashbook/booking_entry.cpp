@@ -32,19 +32,19 @@ float TotalOf(const QString& total, const QString& name)
 
 } // namespace
 
-BookingFields FieldsOfBooking(const QString& line)
+LedgerEntry EntryOfLine(const QString& line)
 {
     const QStringList fields = SplitRecord(line);
     return { FieldOrEmpty(fields, BookingDate), FieldOrEmpty(fields, BookingText),
         FieldOrEmpty(fields, Deposit), FieldOrEmpty(fields, Withdrawal) };
 }
 
-QString LineOfBooking(const BookingFields& booking)
+QString LineOfEntry(const LedgerEntry& booking)
 {
     return JoinRecord({ booking.date, booking.text, booking.deposit, booking.withdrawal });
 }
 
-bool IsComplete(const BookingFields& booking)
+bool IsComplete(const LedgerEntry& booking)
 {
     return !booking.date.isEmpty() && !booking.text.isEmpty();
 }

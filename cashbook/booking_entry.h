@@ -5,7 +5,7 @@
 #include <QStringList>
 
 /// The texts of Text10(0) to Text10(3).
-struct BookingFields {
+struct LedgerEntry {
     QString date;
     QString text;
     QString deposit;
@@ -13,13 +13,13 @@ struct BookingFields {
 };
 
 /// The stored texts of a ledger line, unformatted; missing fields are empty.
-BookingFields FieldsOfBooking(const QString& line);
+LedgerEntry EntryOfLine(const QString& line);
 
 /// The fields joined with ";" as typed, neither checked nor reformatted.
-QString LineOfBooking(const BookingFields& booking);
+QString LineOfEntry(const LedgerEntry& booking);
 
 /// True when date and text are there; else "OK" and "Löschen" do nothing.
-bool IsComplete(const BookingFields& booking);
+bool IsComplete(const LedgerEntry& booking);
 
 /// The text for a position of List9: the first three payees as they are, those that are paid once a
 /// year with the year.

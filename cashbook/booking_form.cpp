@@ -152,11 +152,11 @@ void ConnectCalendar(Program& program)
 
 QString UnsavedText(const CashBookState& book)
 {
-    if (book.BankUnsaved && book.CashBoxUnsaved)
+    if (book.Bank.Unsaved && book.CashBox.Unsaved)
         return QStringLiteral("beide Konten nicht gespeichert");
-    if (book.BankUnsaved)
+    if (book.Bank.Unsaved)
         return QStringLiteral("Konto nicht gespeichert");
-    return book.CashBoxUnsaved ? QStringLiteral("Handkasse nicht gespeichert") : QString();
+    return book.CashBox.Unsaved ? QStringLiteral("Handkasse nicht gespeichert") : QString();
 }
 
 } // namespace
@@ -203,7 +203,7 @@ QFrame* BuildBookingFrame(Program& program, QWidget* tab)
     return frame;
 }
 
-BookingFields ReadBookingFields(const Program& program)
+LedgerEntry ReadEntry(const Program& program)
 {
     return { program.CashBookTab.Text10[DateEntry]->text(),
         program.CashBookTab.Text10[TextEntry]->text(),
@@ -211,7 +211,7 @@ BookingFields ReadBookingFields(const Program& program)
         program.CashBookTab.Text10[WithdrawalEntry]->text() };
 }
 
-void FillBookingFields(const Program& program, const BookingFields& booking)
+void FillEntry(const Program& program, const LedgerEntry& booking)
 {
     const CashBookForm& form = program.CashBookTab;
     form.Text10[DateEntry]->setText(booking.date);
@@ -231,10 +231,7 @@ void FillEmptyAmounts(Program& program)
     }
 }
 
-void ResetEntryFields(Program& program)
-{
-    FillBookingFields(program, { {}, {}, no_amount, no_amount });
-}
+void ResetEntryFields(Program& program) { FillEntry(program, { {}, {}, no_amount, no_amount }); }
 
 void ShowReplaceMark(const Program& program, int row)
 {
@@ -245,7 +242,7 @@ void ShowReplaceMark(const Program& program, int row)
 void ShowUnsavedMark(Program& program, Account shown)
 {
     QLabel* mark = program.CashBookTab.UnsavedMark;
-    const bool unread = UnreadOf(program.CashBook, shown);
+    const bool unread = LedgerOf(program.CashBook, shown).Unread;
     mark->setText(unread ? QStringLiteral("Datei nicht gelesen") : UnsavedText(program.CashBook));
     mark->setAutoFillBackground(!mark->text().isEmpty());
     if (unread)

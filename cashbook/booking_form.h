@@ -6,7 +6,7 @@
 class QCalendarWidget;
 class QFrame;
 class QWidget;
-struct BookingFields;
+struct LedgerEntry;
 struct Program;
 
 QCalendarWidget* BuildCalendar(Program& program, QWidget* tab);
@@ -14,8 +14,8 @@ QCalendarWidget* BuildCalendar(Program& program, QWidget* tab);
 /// The fields and marks; its layout is a grid, whose next row may hold buttons.
 QFrame* BuildBookingFrame(Program& program, QWidget* tab);
 
-BookingFields ReadBookingFields(const Program& program);
-void FillBookingFields(const Program& program, const BookingFields& booking);
+LedgerEntry ReadEntry(const Program& program);
+void FillEntry(const Program& program, const LedgerEntry& booking);
 
 /// Date and text empty, both amounts "0,00".
 void ResetEntryFields(Program& program);

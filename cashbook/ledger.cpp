@@ -5,29 +5,19 @@
 
 #include <algorithm>
 
-QStringList& LedgerOf(CashBookState& book, Account account)
+Ledger& LedgerOf(CashBookState& book, Account account)
 {
-    return account == Account::Bank ? book.BankLedger : book.CashBoxLedger;
+    return account == Account::Bank ? book.Bank : book.CashBox;
 }
 
-const QStringList& LedgerOf(const CashBookState& book, Account account)
+const Ledger& LedgerOf(const CashBookState& book, Account account)
 {
-    return account == Account::Bank ? book.BankLedger : book.CashBoxLedger;
-}
-
-bool& UnsavedOf(CashBookState& book, Account account)
-{
-    return account == Account::Bank ? book.BankUnsaved : book.CashBoxUnsaved;
-}
-
-bool& UnreadOf(CashBookState& book, Account account)
-{
-    return account == Account::Bank ? book.BankUnread : book.CashBoxUnread;
+    return account == Account::Bank ? book.Bank : book.CashBox;
 }
 
 int LineToReplace(const CashBookState& book, Account account)
 {
-    const qsizetype count = LedgerOf(book, account).size();
+    const qsizetype count = LedgerOf(book, account).Lines.size();
     if (!book.LedgerEditMode)
         return -1;
     if (count == 1)
@@ -41,7 +31,7 @@ namespace {
 void MarkChanged(CashBookState& book, Account account)
 {
     book.LedgerChanged = true;
-    UnsavedOf(book, account) = true;
+    LedgerOf(book, account).Unsaved = true;
 }
 
 QString WithFourFields(const QString& line) { return FirstFourFields(SplitRecord(line)); }
@@ -57,7 +47,7 @@ RuntimeError NothingToDelete(const QString& remedy)
 
 void ApplyEntry(CashBookState& book, Account account, const QString& line)
 {
-    QStringList& ledger = LedgerOf(book, account);
+    QStringList& ledger = LedgerOf(book, account).Lines;
     const int replaced = LineToReplace(book, account);
     if (book.LedgerEditMode && ledger.size() >= 2)
         std::transform(ledger.begin(), ledger.end(), ledger.begin(), WithFourFields);
@@ -72,7 +62,7 @@ void ApplyEntry(CashBookState& book, Account account, const QString& line)
 
 void DeleteEntry(CashBookState& book, Account account)
 {
-    QStringList& ledger = LedgerOf(book, account);
+    QStringList& ledger = LedgerOf(book, account).Lines;
     const int position = book.SelectedLedgerRow - 1;
     if (position < 0)
         throw NothingToDelete(

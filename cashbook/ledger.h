@@ -7,11 +7,19 @@
 
 enum class Account { Bank, CashBox };
 
+/// The bookings of one account in memory.
+struct Ledger {
+    QStringList Lines; ///< as in the file
+    QString Year; ///< the year that they were read for; empty before the first load
+    bool Unsaved = false; ///< bookings that are not in the file yet
+    bool Unread = false; ///< the last load failed: the lines are not those of the file
+};
+
 /// The two ledgers and what the entry form stands at. Which account is shown is no part of it: the
 /// caption of Command15 says so (ShownAccount in cashbook/ledger_view_form.h).
 struct CashBookState {
-    QStringList BankLedger; ///< List5: lines as in the file
-    QStringList CashBoxLedger; ///< List8
+    Ledger Bank; ///< its lines are List5
+    Ledger CashBox; ///< its lines are List8
     QString LedgerFileName; ///< name of the current account's file
     bool LedgerReloadPending = false;
     bool LedgerWithoutHistory = false;
@@ -19,19 +27,10 @@ struct CashBookState {
     int SelectedLedgerRow = 0; ///< 1 is the first row; 0: none. Wider than 16 bits: rows beyond
                                ///< 32,767 are bookings too
     bool LedgerChanged = false; ///< applied or deleted since the tab guard last asked
-    bool BankUnsaved = false; ///< bookings of the bank account that are not in its file yet
-    bool CashBoxUnsaved = false;
-    bool BankUnread = false; ///< the last load of the bank account failed: its list is not its file
-    bool CashBoxUnread = false;
 };
 
-/// The list of an account.
-QStringList& LedgerOf(CashBookState& book, Account account);
-const QStringList& LedgerOf(const CashBookState& book, Account account);
-
-/// The marks of an account.
-bool& UnsavedOf(CashBookState& book, Account account);
-bool& UnreadOf(CashBookState& book, Account account);
+Ledger& LedgerOf(CashBookState& book, Account account);
+const Ledger& LedgerOf(const CashBookState& book, Account account);
 
 /// Position of the account's line that the next "OK" replaces, -1 when it appends: none outside
 /// edit mode; the only line of a ledger whatever row was selected; nothing for a position past the

@@ -6,13 +6,12 @@
 #include "cashbook/booking_entry.h"
 #include "cashbook/booking_form.h"
 #include "cashbook/date_ordering.h"
-#include "cashbook/ledger_file.h"
+#include "cashbook/ledger_opening.h"
 #include "cashbook/ledger_view_form.h"
 #include "cashbook/member_marks.h"
 #include "cashbook/payment_lists_form.h"
 #include "cashbook/texts.h"
 #include "controls/fields.h"
-#include "data/dates.h"
 #include "data/file_names.h"
 
 #include <QHBoxLayout>
@@ -23,12 +22,6 @@
 
 namespace {
 
-QString LedgerFileNameOf(Account account, const QString& year_text)
-{
-    return account == Account::Bank ? BankLedgerFileName(year_text)
-                                    : CashBoxLedgerFileName(year_text);
-}
-
 void ShowHint(Program& program, const QString& text)
 {
     MessageBox box;
@@ -38,64 +31,18 @@ void ShowHint(Program& program, const QString& text)
     program.Ask(box);
 }
 
-/// The first lines of an account in a year without a file: last year's balance, written at once, or
-/// none and a warning.
-QStringList OpenYear(Program& program)
+/// The account in the chosen year.
+LedgerPlace PlaceOf(Program& program, Account account)
 {
-    const QString& year = program.Year.YearText;
-    const QString previous_year = PreviousYear(year);
-    const QString previous_file = LedgerFileNameOf(ShownAccount(program), previous_year);
-    if (!FileExists(program.Files, previous_file)) {
-        ShowHint(program, NoHistoryWarning);
-        program.CashBook.LedgerWithoutHistory = true;
-        return {};
-    }
-    ShowHint(program, NewYearNotice(year));
-    const CarryOver carry_over = MakeCarryOver(
-        ReadLedgerLines(program.Files, previous_file), previous_year, program.Today());
-    WriteLedger(program.Files, program.CashBook.LedgerFileName, { carry_over.line });
-    if (const auto error = UncountedError(carry_over, FileNameOf(previous_file), previous_year))
-        ReportError(program.Errors, program.Ask, *error);
-    return { carry_over.line };
+    return { program.Files, account, program.Year.YearText, program.Today(),
+        { [&program](const QString& text) { ShowHint(program, text); },
+            [&program](
+                const RuntimeError& error) { ReportError(program.Errors, program.Ask, error); } } };
 }
 
-/// Takes over what load answers; a load that throws leaves the list alone, but marked as not being
-/// what stands in its file.
-template <typename Load> void FillCurrentLedger(Program& program, Load load)
+void LoadShownLedger(Program& program)
 {
-    CashBookState& book = program.CashBook;
-    const Account account = ShownAccount(program);
-    UnreadOf(book, account) = true;
-    LedgerOf(book, account) = load();
-    UnreadOf(book, account) = false;
-    UnsavedOf(book, account) = false;
-}
-
-void LoadLedger(Program& program)
-{
-    FillCurrentLedger(program, [&program] {
-        const QString& name = program.CashBook.LedgerFileName;
-        return FileExists(program.Files, name) ? ReadLedger(program.Files, name)
-                                               : OpenYear(program);
-    });
-}
-
-void LoadLedgerWithoutHistory(Program& program)
-{
-    FillCurrentLedger(program, [&program]() -> QStringList {
-        const QString& name = program.CashBook.LedgerFileName;
-        return FileExists(program.Files, name) ? ReadLedger(program.Files, name) : QStringList();
-    });
-}
-
-/// What was typed since the failed load, behind what the file holds.
-void JoinWithFile(Program& program)
-{
-    const QStringList typed = CurrentLedger(program);
-    LoadLedger(program);
-    CurrentLedger(program) += typed;
-    UnsavedOf(program.CashBook, ShownAccount(program)) = true;
-    ShowLedger(program);
+    LoadLedger(program.CashBook, PlaceOf(program, ShownAccount(program)));
 }
 
 void ShowBank(Program& program)
@@ -109,11 +56,11 @@ void ShowBank(Program& program)
 void LoadCashBox(Program& program)
 {
     const CashBookState& book = program.CashBook;
-    if (book.CashBoxUnsaved && !book.CashBoxLedger.isEmpty())
+    if (book.CashBox.Unsaved && !book.CashBox.Lines.isEmpty())
         return;
     if (!FileExists(program.Files, book.LedgerFileName))
-        LoadLedger(program);
-    else if (book.CashBoxUnread)
+        LoadShownLedger(program);
+    else if (book.CashBox.Unread)
         ReadCashBoxLedger(program);
 }
 
@@ -125,22 +72,15 @@ void ShowCashBox(Program& program)
     RunStep(program, LoadCashBox);
 }
 
-void SaveAccount(Program& program, Account account)
-{
-    CashBookState& book = program.CashBook;
-    WriteLedger(
-        program.Files, LedgerFileNameOf(account, program.Year.YearText), LedgerOf(book, account));
-    UnsavedOf(book, account) = false;
-}
-
 void LoadPending(Program& program)
 {
     // before the load: one that fails must not run again at the next booking and empty the list
     program.CashBook.LedgerReloadPending = false;
     if (program.CashBook.LedgerWithoutHistory)
-        RunStep(program, LoadLedgerWithoutHistory);
+        RunStep(program,
+            [](Program& p) { LoadLedgerWithoutHistory(p.CashBook, PlaceOf(p, ShownAccount(p))); });
     else
-        RunStep(program, LoadLedger);
+        RunStep(program, LoadShownLedger);
 }
 
 void SortCurrentLedger(Program& program)
@@ -182,10 +122,10 @@ void SwitchAccount(Program& program)
 
 void ApplyEntryClicked(Program& program)
 {
-    const BookingFields booking = ReadBookingFields(program);
+    const LedgerEntry booking = ReadEntry(program);
     if (!IsComplete(booking))
         return; // nothing happens, and nothing is said
-    const QString line = LineOfBooking(booking);
+    const QString line = LineOfEntry(booking);
     ApplyEntry(program.CashBook, ShownAccount(program), line);
     ResetEntry(program);
     ShowLedger(program);
@@ -195,7 +135,7 @@ void ApplyEntryClicked(Program& program)
 
 void DeleteEntryClicked(Program& program)
 {
-    if (!IsComplete(ReadBookingFields(program)))
+    if (!IsComplete(ReadEntry(program)))
         return; // as with "OK"
     DeleteEntry(program.CashBook, ShownAccount(program));
     ResetEntry(program);
@@ -257,12 +197,7 @@ void ResetCashBook(Program& program)
 
 void ReadCashBoxLedger(Program& program)
 {
-    CashBookState& book = program.CashBook;
-    const QString name = CashBoxLedgerFileName(program.Year.YearText);
-    book.CashBoxUnread = true;
-    if (FileExists(program.Files, name))
-        book.CashBoxLedger = ReadLedgerLines(program.Files, name);
-    book.CashBoxUnread = false;
+    ReadLedgerAsItStands(program.CashBook, PlaceOf(program, Account::CashBox));
 }
 
 void MakeBankAccountCurrent(Program& program)
@@ -295,9 +230,11 @@ void SaveLedger(Program& program)
     CashBookState& book = program.CashBook;
     const Account account = ShownAccount(program);
     book.LedgerFileName = LedgerFileNameOf(account, program.Year.YearText);
-    if (UnreadOf(book, account))
-        JoinWithFile(program);
-    SaveAccount(program, account);
+    if (LedgerOf(book, account).Unread) {
+        JoinLedgerWithFile(book, PlaceOf(program, account));
+        ShowLedger(program);
+    }
+    SaveLedgerLines(book, PlaceOf(program, account));
     ShowCashBookMarks(program);
 }
 
@@ -315,12 +252,13 @@ void SaveBothLedgers(Program& program)
     attempt([&] { SaveLedger(program); });
     const bool bank_is_shown = ShownAccount(program) == Account::Bank;
     const Account other = bank_is_shown ? Account::CashBox : Account::Bank;
-    const bool unsaved = UnsavedOf(book, other);
-    const bool unread = UnreadOf(book, other);
+    const bool unsaved = LedgerOf(book, other).Unsaved;
+    const bool unread = LedgerOf(book, other).Unread;
     if (unsaved && unread)
         SwitchAccount(program); // its file is read first, which may have something to say
     if (unsaved)
-        attempt([&] { unread ? SaveLedger(program) : SaveAccount(program, other); });
+        attempt(
+            [&] { unread ? SaveLedger(program) : SaveLedgerLines(book, PlaceOf(program, other)); });
     ShowCashBookMarks(program);
     if (first_error)
         throw RuntimeError(*first_error);

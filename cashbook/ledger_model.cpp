@@ -6,8 +6,6 @@
 
 namespace {
 
-enum Column { DateColumn, TextColumn, DepositColumn, WithdrawalColumn, BalanceColumn };
-
 bool IsAmount(int column) { return column >= DepositColumn; }
 
 int AlignmentOf(int column)

@@ -6,6 +6,9 @@
 #include <QAbstractTableModel>
 #include <QStringList>
 
+/// Columns of the table.
+enum LedgerColumn { DateColumn, TextColumn, DepositColumn, WithdrawalColumn, BalanceColumn };
+
 class LedgerModel : public QAbstractTableModel {
 public:
     using QAbstractTableModel::QAbstractTableModel;

@@ -24,8 +24,6 @@
 
 namespace {
 
-enum LedgerColumn { DateColumn, TextColumn, DepositColumn, WithdrawalColumn, BalanceColumn };
-
 QFont Larger(const QFont& font, qreal factor)
 {
     QFont larger = font;
@@ -189,12 +187,12 @@ Account ShownAccount(const Program& program)
 
 QStringList& CurrentLedger(Program& program)
 {
-    return LedgerOf(program.CashBook, ShownAccount(program));
+    return LedgerOf(program.CashBook, ShownAccount(program)).Lines;
 }
 
 const QStringList& CurrentLedger(const Program& program)
 {
-    return LedgerOf(program.CashBook, ShownAccount(program));
+    return LedgerOf(program.CashBook, ShownAccount(program)).Lines;
 }
 
 void SetUpLedgerColumns(Program& program)
@@ -245,6 +243,6 @@ void PickLedgerRow(Program& program, int row)
     CashBookState& book = program.CashBook;
     book.LedgerEditMode = true;
     book.SelectedLedgerRow = row + 1;
-    FillBookingFields(program, FieldsOfBooking(CurrentLedger(std::as_const(program)).value(row)));
+    FillEntry(program, EntryOfLine(CurrentLedger(std::as_const(program)).value(row)));
     ShowCashBookMarks(program);
 }

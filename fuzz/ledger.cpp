@@ -167,9 +167,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 
     NaiveBook naive { NaiveLoad(content) };
     CashBookState book;
-    book.BankLedger = ReadLedger(files, u"\\Konto2016.pz"_s);
-    Require(book.BankLedger == naive.lines, "the same lines are loaded", naive.lines.join(u'\n'));
-    CheckShown(book.BankLedger);
+    book.Bank.Lines = ReadLedger(files, u"\\Konto2016.pz"_s);
+    Require(book.Bank.Lines == naive.lines, "the same lines are loaded", naive.lines.join(u'\n'));
+    CheckShown(book.Bank.Lines);
     while (!actions.isEmpty()) {
         const QString action = DecodeAnsi(CutFront(actions, '\n'));
         if (action.startsWith(u'+')) {
@@ -188,13 +188,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
                 Require(!there && error.kind == ErrorKind::InvalidIndex, "else an error", action);
             }
         }
-        book.BankLedger = SortLedgerByDate(book.BankLedger);
+        book.Bank.Lines = SortLedgerByDate(book.Bank.Lines);
         naive.lines = NaiveSort(naive.lines);
-        Require(book.BankLedger == naive.lines, "the same lines", naive.lines.join(u'\n'));
+        Require(book.Bank.Lines == naive.lines, "the same lines", naive.lines.join(u'\n'));
         Require(book.LedgerEditMode == naive.edit && book.SelectedLedgerRow == naive.row,
             "the same row");
     }
-    CheckShown(book.BankLedger);
-    CheckSaved(book.BankLedger, files);
+    CheckShown(book.Bank.Lines);
+    CheckSaved(book.Bank.Lines, files);
     return 0;
 }

@@ -59,9 +59,7 @@ void AddLedgers(MoneySource& source, const LoadedClub& club)
 {
     for (const Account account : { Account::Bank, Account::CashBox }) {
         source.Ledgers.push_back(ReadBookings(account, club.Year, LedgerLines(club, account)));
-        const bool unread
-            = account == Account::Bank ? club.Book.BankUnread : club.Book.CashBoxUnread;
-        if (unread)
+        if (LedgerOf(club.Book, account).Unread)
             source.Unreadable += NameWithin(LedgerFileName(account, club.Year));
         const QString beginning = account == Account::Bank ? bank_beginning : cash_box_beginning;
         for (const int year : YearsOfFiles(club.Files, beginning)) {
@@ -102,7 +100,7 @@ std::optional<int> CountUnsaved(const LoadedClub& club, Account account)
     const QString name = LedgerFileName(account, club.Year);
     const QStringList stored
         = four_fields(FileExists(club.Files, name) ? ReadLedger(club.Files, name) : QStringList());
-    const QStringList booked = four_fields(LedgerOf(club.Book, account));
+    const QStringList booked = four_fields(LedgerOf(club.Book, account).Lines);
     if (!std::includes(booked.begin(), booked.end(), stored.begin(), stored.end()))
         return std::nullopt;
     return static_cast<int>(booked.size() - stored.size());
@@ -113,7 +111,7 @@ UnsavedBookings FindUnsaved(const LoadedClub& club)
     UnsavedBookings unsaved;
     unsaved.Count = 0;
     for (const Account account : { Account::Bank, Account::CashBox }) {
-        if (account == Account::Bank ? !club.Book.BankUnsaved : !club.Book.CashBoxUnsaved)
+        if (!LedgerOf(club.Book, account).Unsaved)
             continue;
         unsaved.Any = true;
         std::optional<int> count;
@@ -129,7 +127,7 @@ UnsavedBookings FindUnsaved(const LoadedClub& club)
 
 QStringList LedgerLines(const LoadedClub& club, Account account)
 {
-    const QStringList& lines = LedgerOf(club.Book, account);
+    const QStringList& lines = LedgerOf(club.Book, account).Lines;
     return account == Account::Bank ? lines : SortLedgerByDate(WithoutStoredBalances(lines));
 }
 

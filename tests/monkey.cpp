@@ -243,7 +243,7 @@ void CheckPromises(Monkey& monkey)
     const CashBookState& book = program.CashBook;
     const QString caption = program.CashBookTab.Command15->text();
     const bool bank = caption == QStringLiteral("Kasse Kassenwart");
-    const QStringList& shown = bank ? book.BankLedger : book.CashBoxLedger;
+    const QStringList& shown = bank ? book.Bank.Lines : book.CashBox.Lines;
     Check(monkey, program.CashBookTab.ListView1->model()->rowCount() == shown.size(),
         "one row for every booking");
     Check(monkey, program.CashBookTab.BalanceLabel->text() == BalanceOf(shown),
@@ -272,8 +272,8 @@ void CheckLedgerSteps(Monkey& monkey, const CashBookState& before, const QString
         || loaded_before != monkey.Club.program.Year.LoadedYear;
     if (reloaded)
         return;
-    const qsizetype bank = after.BankLedger.size() - before.BankLedger.size();
-    const qsizetype cash = after.CashBoxLedger.size() - before.CashBoxLedger.size();
+    const qsizetype bank = after.Bank.Lines.size() - before.Bank.Lines.size();
+    const qsizetype cash = after.CashBox.Lines.size() - before.CashBox.Lines.size();
     Check(monkey, qAbs(bank) + qAbs(cash) <= 1, "at most one booking comes or goes in a step");
     const bool removed = bank < 0 || cash < 0;
     Check(monkey, !removed || monkey.LastAction.contains(QStringLiteral("Command12(1)")),

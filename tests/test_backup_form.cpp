@@ -453,7 +453,7 @@ private Q_SLOTS:
         club.FillStick();
         club.program.Year.YearText = u"2012"_s;
         club.program.CashBook.LedgerChanged = true;
-        club.program.CashBook.BankUnsaved = true;
+        club.program.CashBook.Bank.Unsaved = true;
         club.Restore();
         QCOMPARE(club.BoxTexts(),
             QStringList({ u"Datensicherung: "_s + AskToRestore,
@@ -462,7 +462,7 @@ private Q_SLOTS:
                     + u" wieder hergestellt!"_s }));
         // the bookings are still in memory, so they are still asked for
         QVERIFY(club.program.CashBook.LedgerChanged);
-        QVERIFY(club.program.CashBook.BankUnsaved);
+        QVERIFY(club.program.CashBook.Bank.Unsaved);
     }
 
     void unsaved_changes_are_replaced_and_not_asked_for()
@@ -471,16 +471,16 @@ private Q_SLOTS:
         club.FillStick();
         const QByteArray ledger = club.Read(u"Konto2017.pz"_s);
         CashBookState& book = club.program.CashBook;
-        book.BankLedger += u"20.11.2017;Noch nicht gespeichert;1,00;0,00"_s;
-        book.CashBoxLedger += u"20.11.2017;Auch nicht;1,00;0,00"_s;
+        book.Bank.Lines += u"20.11.2017;Noch nicht gespeichert;1,00;0,00"_s;
+        book.CashBox.Lines += u"20.11.2017;Auch nicht;1,00;0,00"_s;
         book.LedgerChanged = true;
-        book.BankUnsaved = true;
-        book.CashBoxUnsaved = true;
+        book.Bank.Unsaved = true;
+        book.CashBox.Unsaved = true;
         club.program.Settings.SettingsSaved = false;
         club.program.Settings.PricesEdited = true;
         club.Restore();
-        QVERIFY(!book.BankLedger.join(u'\n').contains(u"Noch nicht gespeichert"_s));
-        QVERIFY(!book.CashBoxLedger.join(u'\n').contains(u"Auch nicht"_s));
+        QVERIFY(!book.Bank.Lines.join(u'\n').contains(u"Noch nicht gespeichert"_s));
+        QVERIFY(!book.CashBox.Lines.join(u'\n').contains(u"Auch nicht"_s));
         club.Boxes.clear();
         TabChanged(club.program, 0);
         AskForUnsaved(club.program);

@@ -97,17 +97,17 @@ private Q_SLOTS:
 
     void a_row_gives_its_stored_texts_unformatted()
     {
-        const BookingFields fields = FieldsOfBooking(u"3.2.16;Text;1,5;abc;9,99"_s);
+        const LedgerEntry fields = EntryOfLine(u"3.2.16;Text;1,5;abc;9,99"_s);
         QCOMPARE(fields.date, u"3.2.16"_s);
         QCOMPARE(fields.text, u"Text"_s);
         QCOMPARE(fields.deposit, u"1,5"_s);
         QCOMPARE(fields.withdrawal, u"abc"_s);
-        QCOMPARE(FieldsOfBooking(u"3.2.16"_s).withdrawal, u""_s);
+        QCOMPARE(EntryOfLine(u"3.2.16"_s).withdrawal, u""_s);
     }
 
     void a_booking_is_joined_as_typed()
     {
-        QCOMPARE(LineOfBooking({ u"1.2.3"_s, u"a;b "_s, u"x"_s, u""_s }), u"1.2.3;a;b ;x;"_s);
+        QCOMPARE(LineOfEntry({ u"1.2.3"_s, u"a;b "_s, u"x"_s, u""_s }), u"1.2.3;a;b ;x;"_s);
     }
 
     void only_date_and_text_are_required()

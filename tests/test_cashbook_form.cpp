@@ -89,7 +89,7 @@ private Q_SLOTS:
         QCOMPARE(club.Row(1),
             QStringList({ u"02.02.2016"_s, u"Kaffee"_s, u"1,50 €"_s, u"0,25 €"_s, u"101,25 €"_s }));
         QCOMPARE(club.Balance(), u"74,95 €"_s);
-        QCOMPARE(club.Book().BankLedger[1], u"02.02.2016;Kaffee;1,5;0,25"_s);
+        QCOMPARE(club.Book().Bank.Lines[1], u"02.02.2016;Kaffee;1,5;0,25"_s);
         QCOMPARE(club.FieldTexts(), empty_fields);
         QVERIFY(club.Book().LedgerChanged);
         QCOMPARE(club.File(CashBookClub::bank), four_lines); // the file waits for "Speichern"
@@ -544,7 +544,7 @@ private Q_SLOTS:
         QCOMPARE(TintOf(club.Field(2)), TintKind::Wrong);
         QCOMPARE(TintOf(club.Field(3)), TintKind::Wrong);
         club.Click("Command12(0)");
-        QCOMPARE(club.Book().BankLedger, QStringList { u"01.03.2016;Neu;12.50;abc"_s });
+        QCOMPARE(club.Book().Bank.Lines, QStringList { u"01.03.2016;Neu;12.50;abc"_s });
         QCOMPARE(club.Row(0).mid(2), QStringList({ u"12.50"_s, u"abc"_s, u"0,00 €"_s }));
         QVERIFY(club.Boxes.isEmpty());
     }

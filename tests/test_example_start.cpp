@@ -127,7 +127,7 @@ void TestExampleStart::a_new_member_is_reported_once_and_everything_else_is_load
         u"Datei „Mitgliedsdaten2017.pz“, Zeile 7, Mitglied „Vogt,Bernd“: "_s));
     QCOMPARE(club.Control<QLineEdit>("Text3(0)")->text(), u"Krüger"_s); // member 0 is shown
     QCOMPARE(club.program.Members.RecordList.size(), 7);
-    QVERIFY(!club.program.CashBook.BankLedger.isEmpty());
+    QVERIFY(!club.program.CashBook.Bank.Lines.isEmpty());
 }
 
 QTEST_MAIN(TestExampleStart)

@@ -232,7 +232,7 @@ private:
         keyboard.Type(QStringLiteral("600,00"));
         keyboard.TabTo("Command12(0)");
         keyboard.Key(Qt::Key_Space);
-        QCOMPARE(club.program.CashBook.BankLedger.value(1),
+        QCOMPARE(club.program.CashBook.Bank.Lines.value(1),
             QStringLiteral("10.01.2017;Startgeld;600,00;0,00"));
         keyboard.TabTo("ListView1");
         keyboard.Key(Qt::Key_Home, Qt::ControlModifier);
@@ -241,7 +241,7 @@ private:
         QCOMPARE(club.Control<QLineEdit>("Text10(1)")->text(), QStringLiteral("Porto"));
         keyboard.TabTo("Command12(1)");
         keyboard.Key(Qt::Key_Space);
-        QCOMPARE(club.program.CashBook.BankLedger.size(), 2);
+        QCOMPARE(club.program.CashBook.Bank.Lines.size(), 2);
         keyboard.GoTo(0); // the guard asks, the answer is Yes
         QVERIFY(club.Read(QStringLiteral("Konto2017.pz"))
                     .startsWith("10.01.2017;Startgeld;600,00;0,00\r\n"));

@@ -17,7 +17,7 @@ const QString c = u"03.01.2016;c;0,00;1,00"_s;
 CashBookState Book(const QStringList& bank, bool edit_mode = false, int selected = 0)
 {
     CashBookState book;
-    book.BankLedger = bank;
+    book.Bank.Lines = bank;
     book.LedgerEditMode = edit_mode;
     book.SelectedLedgerRow = selected;
     return book;
@@ -44,7 +44,7 @@ private Q_SLOTS:
     {
         CashBookState book = Book({ a, b }, false, 1);
         ApplyEntry(book, Account::Bank, typed);
-        QCOMPARE(book.BankLedger, QStringList({ a, b, typed }));
+        QCOMPARE(book.Bank.Lines, QStringList({ a, b, typed }));
     }
 
     void ok_in_edit_mode_replaces_or_appends_data()
@@ -73,7 +73,7 @@ private Q_SLOTS:
         CashBookState book = Book(before, true, selected);
         QCOMPARE(LineToReplace(book, Account::Bank), replaces);
         ApplyEntry(book, Account::Bank, typed);
-        QCOMPARE(book.BankLedger, after);
+        QCOMPARE(book.Bank.Lines, after);
         QVERIFY(!book.LedgerEditMode);
         QCOMPARE(book.SelectedLedgerRow, 0);
     }
@@ -82,37 +82,37 @@ private Q_SLOTS:
     {
         CashBookState book = Book({ a + u";9,99"_s, b, u"03.01.2016;c"_s }, true, 2);
         ApplyEntry(book, Account::Bank, typed);
-        QCOMPARE(book.BankLedger, QStringList({ a, typed, u"03.01.2016;c;;"_s }));
+        QCOMPARE(book.Bank.Lines, QStringList({ a, typed, u"03.01.2016;c;;"_s }));
     }
 
     void appending_leaves_the_other_lines_alone()
     {
         CashBookState book = Book({ a + u";9,99"_s });
         ApplyEntry(book, Account::Bank, typed);
-        QCOMPARE(book.BankLedger, QStringList({ a + u";9,99"_s, typed }));
+        QCOMPARE(book.Bank.Lines, QStringList({ a + u";9,99"_s, typed }));
     }
 
     void what_was_typed_is_taken_as_it_is()
     {
         CashBookState book = Book({ a }, true, 1);
         ApplyEntry(book, Account::Bank, u"x;y;z;1;2"_s);
-        QCOMPARE(book.BankLedger, QStringList { u"x;y;z;1;2"_s });
+        QCOMPARE(book.Bank.Lines, QStringList { u"x;y;z;1;2"_s });
     }
 
     void ok_and_delete_mark_the_shown_account_alone()
     {
         CashBookState book = Book({ a });
         ApplyEntry(book, Account::Bank, typed);
-        QVERIFY(book.LedgerChanged && book.BankUnsaved && !book.CashBoxUnsaved);
+        QVERIFY(book.LedgerChanged && book.Bank.Unsaved && !book.CashBox.Unsaved);
 
         CashBookState cash;
-        cash.BankLedger = { a };
-        cash.CashBoxLedger = { b };
+        cash.Bank.Lines = { a };
+        cash.CashBox.Lines = { b };
         cash.SelectedLedgerRow = 1;
         DeleteEntry(cash, Account::CashBox);
-        QVERIFY(cash.LedgerChanged && cash.CashBoxUnsaved && !cash.BankUnsaved);
-        QCOMPARE(cash.BankLedger, QStringList { a });
-        QVERIFY(cash.CashBoxLedger.isEmpty());
+        QVERIFY(cash.LedgerChanged && cash.CashBox.Unsaved && !cash.Bank.Unsaved);
+        QCOMPARE(cash.Bank.Lines, QStringList { a });
+        QVERIFY(cash.CashBox.Lines.isEmpty());
     }
 
     void delete_keeps_edit_mode_so_that_ok_replaces_the_line_that_moved_up()
@@ -122,7 +122,7 @@ private Q_SLOTS:
         QVERIFY(book.LedgerEditMode);
         QCOMPARE(book.SelectedLedgerRow, 3);
         ApplyEntry(book, Account::Bank, typed);
-        QCOMPARE(book.BankLedger, QStringList({ a, b, typed }));
+        QCOMPARE(book.Bank.Lines, QStringList({ a, b, typed }));
     }
 
     void delete_without_a_row_is_an_error_and_changes_nothing_data()
@@ -139,8 +139,8 @@ private Q_SLOTS:
         CashBookState book = Book({ a, b }, false, selected);
         const QString error = DeleteError(book);
         QVERIFY2(error.startsWith(says), qPrintable(error));
-        QCOMPARE(book.BankLedger, QStringList({ a, b }));
-        QVERIFY(!book.LedgerChanged && !book.BankUnsaved);
+        QCOMPARE(book.Bank.Lines, QStringList({ a, b }));
+        QVERIFY(!book.LedgerChanged && !book.Bank.Unsaved);
         QCOMPARE(book.SelectedLedgerRow, selected);
     }
 
@@ -148,24 +148,24 @@ private Q_SLOTS:
     {
         CashBookState book = Book(QStringList(100'000, a), true, 99'999);
         ApplyEntry(book, Account::Bank, typed);
-        QCOMPARE(book.BankLedger.indexOf(typed), 99'998);
+        QCOMPARE(book.Bank.Lines.indexOf(typed), 99'998);
         book.SelectedLedgerRow = 99'999;
         DeleteEntry(book, Account::Bank);
-        QVERIFY(!book.BankLedger.contains(typed));
-        QCOMPARE(book.BankLedger.size(), 99'999);
+        QVERIFY(!book.Bank.Lines.contains(typed));
+        QCOMPARE(book.Bank.Lines.size(), 99'999);
     }
 
     void each_account_has_a_list_and_marks_of_its_own()
     {
         CashBookState book;
-        LedgerOf(book, Account::CashBox) = { u"03.02.2017;Porto;0,00;1,00"_s };
-        UnsavedOf(book, Account::CashBox) = true;
-        UnreadOf(book, Account::CashBox) = true;
+        LedgerOf(book, Account::CashBox).Lines = { u"03.02.2017;Porto;0,00;1,00"_s };
+        LedgerOf(book, Account::CashBox).Unsaved = true;
+        LedgerOf(book, Account::CashBox).Unread = true;
         const CashBookState& seen = book;
-        QCOMPARE(LedgerOf(seen, Account::CashBox), book.CashBoxLedger);
-        QVERIFY(LedgerOf(seen, Account::Bank).isEmpty());
-        QVERIFY(book.CashBoxUnsaved && book.CashBoxUnread);
-        QVERIFY(!UnsavedOf(book, Account::Bank) && !UnreadOf(book, Account::Bank));
+        QCOMPARE(LedgerOf(seen, Account::CashBox).Lines, book.CashBox.Lines);
+        QVERIFY(LedgerOf(seen, Account::Bank).Lines.isEmpty());
+        QVERIFY(book.CashBox.Unsaved && book.CashBox.Unread);
+        QVERIFY(!LedgerOf(book, Account::Bank).Unsaved && !LedgerOf(book, Account::Bank).Unread);
     }
 };
 

@@ -245,7 +245,7 @@ private Q_SLOTS:
         QCOMPARE(club.Boxes[0].title, u"Datenfehler"_s);
         QCOMPARE(club.Texts(), QStringList { u"Anfang"_s });
         QCOMPARE(club.Balance(), u"100,00 €"_s);
-        QCOMPARE(club.Book().CashBoxLedger, QStringList { cash_line.chopped(2) });
+        QCOMPARE(club.Book().CashBox.Lines, QStringList { cash_line.chopped(2) });
         club.Show();
         club.Click("Command15");
         QCOMPARE(club.Texts(), QStringList { u"Kasse"_s });

@@ -65,7 +65,7 @@ QStringList Shown(const TestClub& club)
 {
     const auto* ledger = club.Control<QTableView>("ListView1")->model();
     return { Names(club).join(u' '), QString::number(ledger->rowCount()),
-        QString::number(club.program.CashBook.CashBoxLedger.size()),
+        QString::number(club.program.CashBook.CashBox.Lines.size()),
         club.Control<QLineEdit>("Text4(0)")->text(), club.Control<QLabel>("Label1(1)")->text() };
 }
 

@@ -221,8 +221,8 @@ private Q_SLOTS:
         QVERIFY(club.Read(QStringLiteral("HandKasse2017.pz"))
                     .endsWith("02.12.2017;Kasse;2,00;0,00\r\n"));
         QVERIFY(!club.program.CashBook.LedgerChanged);
-        QVERIFY(!club.program.CashBook.BankUnsaved);
-        QVERIFY(!club.program.CashBook.CashBoxUnsaved);
+        QVERIFY(!club.program.CashBook.Bank.Unsaved);
+        QVERIFY(!club.program.CashBook.CashBox.Unsaved);
     }
 
     void no_to_the_balance_question_keeps_the_bookings_in_memory_and_the_files_as_they_are()
@@ -233,8 +233,8 @@ private Q_SLOTS:
         club.Answers = { BoxAnswer::No };
         club.GoTo(0);
         QCOMPARE(club.Read(QStringLiteral("Konto2017.pz")), before);
-        QCOMPARE(club.program.CashBook.BankLedger.size(), 10);
-        QVERIFY(club.program.CashBook.BankUnsaved);
+        QCOMPARE(club.program.CashBook.Bank.Lines.size(), 10);
+        QVERIFY(club.program.CashBook.Bank.Unsaved);
         QVERIFY(!club.program.CashBook.LedgerChanged);
         club.GoTo(2);
         club.GoTo(1);
@@ -246,7 +246,7 @@ private Q_SLOTS:
         Club club;
         club.Type("Text6(0)", QStringLiteral("Bank"));
         club.Type("Text4(3)", QStringLiteral("40,00"));
-        club.program.CashBook.BankUnsaved = true; // answered with "Nein" earlier
+        club.program.CashBook.Bank.Unsaved = true; // answered with "Nein" earlier
         QCloseEvent close;
         QApplication::sendEvent(club.program.Window.Window, &close);
         QVERIFY(close.isAccepted());
@@ -299,7 +299,7 @@ private Q_SLOTS:
         QCOMPARE(club.BoxTexts().first(), ask_balance);
         QCOMPARE(club.Boxes[1].icon, BoxIcon::Error);
         QCOMPARE(club.program.Window.SSTab1->currentIndex(), 2);
-        QCOMPARE(club.program.CashBook.BankLedger.size(), 10);
+        QCOMPARE(club.program.CashBook.Bank.Lines.size(), 10);
         club.Boxes.clear();
         club.Answers = { BoxAnswer::No };
         club.GoTo(0);
@@ -311,7 +311,7 @@ private Q_SLOTS:
     {
         Club club;
         club.Type("Text4(3)", QStringLiteral("40,00"));
-        club.program.CashBook.BankUnsaved = true;
+        club.program.CashBook.Bank.Unsaved = true;
         club.BlockFile(QStringLiteral("Konto2017.pz"));
         QCloseEvent close;
         QApplication::sendEvent(club.program.Window.Window, &close);
@@ -342,7 +342,7 @@ private Q_SLOTS:
         const QByteArray before = club.Read(QStringLiteral("Config.ini"));
         club.program.Window.Window->show();
         club.Type("Text4(0)", QStringLiteral("9,99"));
-        club.program.CashBook.BankUnsaved = true;
+        club.program.CashBook.Bank.Unsaved = true;
         QTimer::singleShot(0, qApp, [] {
             QEvent quit(QEvent::Quit); // what the session sends
             QCoreApplication::sendEvent(qApp, &quit);

@@ -80,7 +80,7 @@ private Q_SLOTS:
         club.ClickRow(0);
         QCOMPARE(club.Field(1)->text(), u"Kasse"_s);
         BookPorto(club);
-        QCOMPARE(club.Book().CashBoxLedger, QStringList { u"02.02.2016;Porto;0,00;1,00"_s });
+        QCOMPARE(club.Book().CashBox.Lines, QStringList { u"02.02.2016;Porto;0,00;1,00"_s });
         QCOMPARE(Mark(club), u"Handkasse nicht gespeichert"_s);
         club.Click("CommandSaveLedger");
         QCOMPARE(club.File(CashBookClub::cash_box), u"02.02.2016;Porto;0,00;1,00\r\n"_s);
@@ -178,7 +178,7 @@ private Q_SLOTS:
             club.File(CashBookClub::cash_box), u"01.01.2016;früher;1,00;0,00\r\n"_s + cash_line);
         QCOMPARE(club.File(CashBookClub::bank), bank_line);
         QVERIFY(club.Book().LedgerChanged); // only the guard clears it
-        QVERIFY(club.Book().BankUnsaved && !club.Book().CashBoxUnsaved);
+        QVERIFY(club.Book().Bank.Unsaved && !club.Book().CashBox.Unsaved);
         QVERIFY(club.Boxes.isEmpty());
     }
 
@@ -212,8 +212,8 @@ private Q_SLOTS:
         QCOMPARE(club.Boxes.size(), 1);
         QVERIFY(club.File(CashBookClub::bank).contains(u"Bank"_s));
         QVERIFY(club.File(CashBookClub::cash_box).contains(u"Bar"_s));
-        QVERIFY(
-            !club.Book().LedgerChanged && !club.Book().BankUnsaved && !club.Book().CashBoxUnsaved);
+        QVERIFY(!club.Book().LedgerChanged && !club.Book().Bank.Unsaved
+            && !club.Book().CashBox.Unsaved);
         QCOMPARE(Mark(club), u""_s);
     }
 
@@ -267,7 +267,7 @@ private Q_SLOTS:
         QCOMPARE(club.Boxes.size(), 2); // the question and the error
         QVERIFY(club.File(CashBookClub::bank).contains(u"Bank"_s));
         QVERIFY(club.Book().LedgerChanged);
-        QVERIFY(club.Book().CashBoxUnsaved && !club.Book().BankUnsaved);
+        QVERIFY(club.Book().CashBox.Unsaved && !club.Book().Bank.Unsaved);
     }
 
     void a_file_that_cannot_be_loaded_is_named_and_never_written_over()
@@ -314,7 +314,7 @@ private Q_SLOTS:
         QCOMPARE(club.File(CashBookClub::cash_box), Unloadable());
         QVERIFY(club.File(CashBookClub::bank).contains(u"Bank"_s));
         QVERIFY(club.Book().LedgerChanged);
-        QCOMPARE(club.Book().CashBoxLedger.size(), 1);
+        QCOMPARE(club.Book().CashBox.Lines.size(), 1);
     }
 
     void a_cash_box_that_could_not_be_read_is_tried_again_at_the_switch()

@@ -181,7 +181,7 @@ private Q_SLOTS:
     {
         Reading club;
         ShowReport(club.program, club.Kind);
-        club.program.CashBook.CashBoxLedger = { u"01.03.2017;Kuchen;12,00;0,00"_s };
+        club.program.CashBook.CashBox.Lines = { u"01.03.2017;Kuchen;12,00;0,00"_s };
         club.Follow({ LinkKind::BankRow, {}, 0 });
         QCOMPARE(club.program.Window.SSTab1->currentIndex(), 2);
         QCOMPARE(club.program.CashBook.SelectedLedgerRow, 1);

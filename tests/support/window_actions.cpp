@@ -166,7 +166,7 @@ void CorrectBooking(Program& program)
 void DropBookings(Program& program)
 {
     StartUp(program);
-    while (program.CashBook.BankLedger.size() > 1) {
+    while (program.CashBook.Bank.Lines.size() > 1) {
         PickLedgerRow(program, 1);
         program.CashBookTab.Command12[1]->click();
     }
