@@ -3,11 +3,7 @@
 #include "data/collation.h"
 #include "data/records.h"
 
-#include <utility>
-
 namespace {
-
-using ChangedDate = QString (*)(const QString&);
 
 /// "07.03.2016" gives "20160307".
 QString KeyOfDate(const QString& date) { return date.right(4) + date.mid(3, 2) + date.left(2); }
@@ -18,27 +14,44 @@ QString DateOfKey(const QString& key)
     return key.right(2) + QLatin1Char('.') + key.mid(4, 2) + QLatin1Char('.') + key.left(4);
 }
 
-QString WithDate(const QString& line, ChangedDate changed)
+QString WithDate(QStringList fields, const QString& date)
 {
-    QStringList fields = SplitRecord(line);
-    fields[BookingDate] = changed(fields[BookingDate]);
+    fields[BookingDate] = date;
     return FirstFourFields(fields);
 }
 
-QStringList WithDates(QStringList lines, ChangedDate changed)
+/// The lines of one sort in the form in which they are compared, in order.
+struct SortBox {
+    QStringList KeyLines;
+};
+
+SortBox Sorted(const QStringList& lines)
 {
-    for (QString& line : lines)
-        line = WithDate(line, changed);
-    return lines;
+    QStringList key_lines;
+    key_lines.reserve(lines.size());
+    for (const QString& line : lines)
+        key_lines += DateKeyLine(line);
+    return { SortedTexts(key_lines) };
 }
 
 } // namespace
 
-QString DateKeyLine(const QString& line) { return WithDate(line, KeyOfDate); }
+QString DateKeyLine(const QString& line)
+{
+    const QStringList fields = SplitRecord(line);
+    return WithDate(fields, KeyOfDate(fields[BookingDate]));
+}
 
-QString LineOfDateKey(const QString& key_line) { return WithDate(key_line, DateOfKey); }
+QString LineOfDateKey(const QString& key_line)
+{
+    const QStringList fields = SplitRecord(key_line);
+    return WithDate(fields, DateOfKey(fields[BookingDate]));
+}
 
 QStringList SortLedgerByDate(const QStringList& lines)
 {
-    return WithDates(SortedTexts(WithDates(lines, KeyOfDate)), DateOfKey);
+    QStringList sorted = Sorted(lines).KeyLines;
+    for (QString& line : sorted)
+        line = LineOfDateKey(line);
+    return sorted;
 }

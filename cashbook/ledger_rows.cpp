@@ -19,21 +19,20 @@ ParsedSingle ReadAmount(const QString& text)
     return text == nothing ? ParsedSingle { NumberOutcome::Ok, 0.0F } : ParseSingle(text);
 }
 
+enum class Side { Deposit, Withdrawal };
+
 /// The new balance in single precision, or false when the amount cannot be counted.
-bool Step(float& balance, const QString& amount_text, float (*step)(float, float))
+bool Count(float& balance, const QString& amount_text, Side side)
 {
     const ParsedSingle amount = ReadAmount(amount_text);
     if (amount.outcome != NumberOutcome::Ok)
         return false;
-    const float stepped = step(balance, amount.value);
+    const float stepped = side == Side::Deposit ? amount.value + balance : balance - amount.value;
     if (!std::isfinite(stepped))
         return false;
     balance = stepped;
     return true;
 }
-
-float Raised(float balance, float deposit) { return deposit + balance; }
-float Lowered(float balance, float withdrawal) { return balance - withdrawal; }
 
 } // namespace
 
@@ -41,8 +40,8 @@ CountedAmounts AddToBalance(float& balance, const QString& line)
 {
     const QStringList fields = SplitRecord(line);
     CountedAmounts counted;
-    counted.deposit = Step(balance, FieldOrEmpty(fields, Deposit), Raised);
-    counted.withdrawal = Step(balance, FieldOrEmpty(fields, Withdrawal), Lowered);
+    counted.deposit = Count(balance, FieldOrEmpty(fields, Deposit), Side::Deposit);
+    counted.withdrawal = Count(balance, FieldOrEmpty(fields, Withdrawal), Side::Withdrawal);
     return counted;
 }
 
