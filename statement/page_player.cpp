@@ -1,6 +1,7 @@
 #include "statement/page_player.h"
 
-#include <QFont>
+#include "statement/page_font.h"
+
 #include <QGlyphRun>
 #include <QMap>
 #include <QPainter>
@@ -10,8 +11,6 @@
 #include <cmath>
 #include <utility>
 
-using namespace Qt::StringLiterals;
-
 namespace {
 
 /// Points to page pixels at 96 dots per inch, rounded as the desktop does: 8 to 11, 14 to 19.
@@ -19,19 +18,10 @@ int PixelSize(int point_size) { return (point_size * 96 + 36) / 72; }
 
 int Rounded(double value) { return static_cast<int>(std::floor(value + 0.5)); }
 
-QFont ArialFont(bool bold)
-{
-    QFont font(u"Arial"_s);
-    font.setBold(bold);
-    font.setKerning(false);
-    font.setStyleStrategy(QFont::PreferAntialias);
-    return font;
-}
-
-/// Arial in one weight, one pixel per design unit: advances are exact.
+/// The page's font in one weight, one pixel per design unit: advances are exact.
 QRawFont DesignFont(bool bold)
 {
-    QFont font = ArialFont(bold);
+    QFont font = PageFont(bold);
     font.setPixelSize(1000);
     font.setHintingPreference(QFont::PreferNoHinting);
     QRawFont design = QRawFont::fromFont(font);
@@ -43,7 +33,7 @@ QRawFont DesignFont(bool bold)
 /// snap to pixels.
 QRawFont DrawnFont(bool bold, double pixel_size)
 {
-    QFont font = ArialFont(bold);
+    QFont font = PageFont(bold);
     font.setPixelSize(Rounded(pixel_size));
     font.setHintingPreference(QFont::PreferVerticalHinting);
     QRawFont drawn = QRawFont::fromFont(font);
