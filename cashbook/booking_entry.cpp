@@ -13,11 +13,11 @@ QString SurnameOf(const QString& name)
     return name.section(QLatin1Char(','), 0, 0).section(QLatin1Char(' '), 0, 0);
 }
 
-float TotalOf(const QString& total, const QString& name)
+double TotalOf(const QString& total, const QString& name)
 {
     if (total.isEmpty())
-        return 0.0F;
-    const ParsedSingle number = ParseTextOfSingle(total);
+        return 0.0;
+    const ParsedDouble number = ParseTotal(total);
     if (number.outcome != NumberOutcome::Ok) {
         Place where;
         where.member = name;

@@ -7,6 +7,7 @@
 #include "controls/calendar.h"
 #include "controls/fields.h"
 #include "data/dates.h"
+#include "data/german_numbers.h"
 
 #include <QCalendarWidget>
 #include <QFocusEvent>
@@ -217,6 +218,8 @@ void FillEntry(const Program& program, const LedgerEntry& booking)
     form.Text10[DateEntry]->setText(booking.date);
     form.Text10[TextEntry]->setText(booking.text);
     form.Text10[DepositEntry]->setText(booking.deposit);
+    if (IsNumber(booking.deposit))
+        Tint(form.Text10[DepositEntry], TintKind::None); // a proposal may have said that it is none
     form.Text10[WithdrawalEntry]->setText(booking.withdrawal);
     for (QLineEdit* field : form.Text10)
         field->setCursorPosition(0); // a long text is shown from its beginning

@@ -60,6 +60,19 @@ void PickPayee(Program& program, int position)
     program.CashBookTab.Text10[TextEntry]->setText(TextForPayee(position, program.Year.YearText));
 }
 
+/// A bill that was not finished proposes "0,00"; that nobody books it unseen, the field says so.
+void ShowWhetherBilled(const Program& program, int position)
+{
+    QLineEdit* deposit = program.CashBookTab.Text10[DepositEntry];
+    if (program.Statement.StatementTotals.value(position).isEmpty())
+        Tint(deposit, TintKind::Wrong,
+            QStringLiteral("Die Abrechnung von „%1“ ist nicht fertig, deshalb ist kein Betrag "
+                           "bekannt.")
+                .arg(program.Members.CashBookNameList.value(position)));
+    else
+        Tint(deposit, TintKind::None);
+}
+
 void PickMember(Program& program, int position)
 {
     if (ShownAccount(program) != Account::Bank)
@@ -70,6 +83,7 @@ void PickMember(Program& program, int position)
             program.Members.InstalmentList.value(position));
     program.CashBookTab.Text10[TextEntry]->setText(proposal.text);
     program.CashBookTab.Text10[DepositEntry]->setText(proposal.deposit);
+    ShowWhetherBilled(program, position);
     program.CashBookTab.Text11->setText(proposal.note);
 }
 

@@ -1,7 +1,5 @@
 #include "controls/frames.h"
 
-#include "controls/fields.h"
-
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
@@ -80,6 +78,26 @@ void LeaveRoomBeside(QGridLayout* grid)
 {
     grid->setColumnStretch(2, 1);
     grid->setRowStretch(grid->rowCount(), 1);
+}
+
+QLabel* MakeWarningLine(QWidget* parent, const QString& name, TintKind kind)
+{
+    auto* line = Named(new QLabel(parent), name);
+    line->setTextFormat(Qt::PlainText);
+    line->setWordWrap(true);
+    line->setBackgroundRole(QPalette::Base);
+    line->setAutoFillBackground(true);
+    line->setMargin(FrameSpacing / 2);
+    Tint(line, kind);
+    line->hide();
+    return line;
+}
+
+void ShowWarningLine(QLabel* line, const QString& text, const QString& tool_tip)
+{
+    line->setText(text);
+    line->setToolTip(tool_tip);
+    line->setVisible(!text.isEmpty());
 }
 
 QPushButton* MakeSaveButton(

@@ -1,6 +1,8 @@
 // The parts that frames with captions, fields and a button "Speichern" are made of.
 #pragma once
 
+#include "controls/fields.h"
+
 #include <QString>
 
 class QGridLayout;
@@ -42,6 +44,12 @@ void MarkWrongOrUnsaved(QWidget* field, bool wrong, const QString& tool_tip, boo
 /// Where there is more room than needed it goes to the right and below, not between captions and
 /// fields.
 void LeaveRoomBeside(QGridLayout* grid);
+
+/// A tinted line of text that takes no room while it has nothing to say. Long texts wrap.
+QLabel* MakeWarningLine(QWidget* parent, const QString& name, TintKind kind);
+
+/// Shows the line with that text and tool tip; without a text it is gone.
+void ShowWarningLine(QLabel* line, const QString& text, const QString& tool_tip = {});
 
 /// The accessible name tells several buttons "Speichern" of a tab apart.
 QPushButton* MakeSaveButton(

@@ -171,7 +171,7 @@ double AmountOf(const QString& text, const Place& where)
     return text.isEmpty() ? 0.0 : NumberOf(text, where);
 }
 
-ParsedSingle ParseTextOfSingle(const QString& text)
+ParsedDouble ParseTotal(const QString& text)
 {
     const QStringView whole_text(text);
     const qsizetype mark = whole_text.indexOf(u'E');
@@ -188,8 +188,10 @@ ParsedSingle ParseTextOfSingle(const QString& text)
     const bool small = exponent.startsWith(u'-');
     *number += small ? "e-" : "e+";
     AppendDigits(*number, exponent);
-    return Narrowed(DoubleOf(*number, small));
+    return DoubleOf(*number, small);
 }
+
+ParsedSingle ParseTextOfSingle(const QString& text) { return Narrowed(ParseTotal(text)); }
 
 double RoundTo(double value, int decimals)
 {

@@ -48,8 +48,11 @@ float SingleOf(const QString& text, const Place& where);
 /// A money or size text as number, the empty text counting as 0; otherwise like NumberOf.
 double AmountOf(const QString& text, const Place& where);
 
-/// Reads back every text that TextOfSingle can write, exponent forms included ("1,5E-05");
-/// TypeMismatch otherwise.
+/// The number that stands in a text which TextOfSingle can write, exponent forms included
+/// ("1,5E-05"); TypeMismatch otherwise. "278937,1" is that number and not the nearest single.
+ParsedDouble ParseTotal(const QString& text);
+
+/// ParseTotal in single precision: what TextOfSingle wrote.
 ParsedSingle ParseTextOfSingle(const QString& text);
 
 /// Default text of a double: 15 significant digits, decimal comma, no fixed number of decimals

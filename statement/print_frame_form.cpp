@@ -2,6 +2,7 @@
 
 #include "app/program.h"
 #include "controls/fields.h"
+#include "controls/frames.h"
 #include "statement/print_dialog.h"
 #include "statement/statement_pages.h"
 #include "statement/statement_printer.h"
@@ -63,6 +64,8 @@ void LayOut(const PrintFrameForm& form, QWidget* frame)
     column->setSpacing(FrameSpacing);
     column->addLayout(options);
     column->addLayout(pages);
+    column->addWidget(form.UnfinishedLine);
+    column->addWidget(form.YearLine);
     column->addWidget(form.Command6);
 }
 
@@ -74,6 +77,24 @@ void ConnectHandlers(Program& program)
     On(program, form.Text8From, &QLineEdit::textChanged, ShowWhatWillBePrinted);
     On(program, form.Text8To, &QLineEdit::textChanged, ShowWhatWillBePrinted);
     On(program, form.Command6, &QPushButton::clicked, PrintStatements);
+}
+
+void ShowWhatIsWrongWithThePages(const Program& program)
+{
+    const PrintFrameForm& form = program.PrintFrame;
+    const StatementState& statement = program.Statement;
+    const qsizetype first = statement.FinishedPages;
+    if (IsUnfinished(statement, first))
+        ShowWarningLine(form.UnfinishedLine, u"Ab Seite %1 fehlen Beträge."_s.arg(first + 1),
+            ErrorSentence(*statement.Stopped));
+    else
+        ShowWarningLine(form.UnfinishedLine, {});
+    const BillSource& source = statement.Source;
+    const bool other_year = !source.LoadedYear.isEmpty() && source.YearText != source.LoadedYear;
+    ShowWarningLine(form.YearLine,
+        other_year ? u"Auf den Seiten steht %1, gerechnet sind sie aus den Daten von %2."_s.arg(
+            source.YearText, source.LoadedYear)
+                   : QString());
 }
 
 } // namespace
@@ -90,6 +111,8 @@ QWidget* BuildPrintFrame(Program& program, QWidget* parent)
     form.Text8From = PageNumberField(frame, 0, u"Drucken von Seite"_s);
     form.Text8From->setText(u"1"_s);
     form.Text8To = PageNumberField(frame, 1, u"Drucken bis Seite"_s);
+    form.UnfinishedLine = MakeWarningLine(frame, u"UnfinishedPages"_s, TintKind::Wrong);
+    form.YearLine = MakeWarningLine(frame, u"PrintedYear"_s, TintKind::OtherYear);
     form.Command6 = Named(MakeButton(frame, u"Drucken"_s), u"Command6"_s);
     MakePrimary(form.Command6);
     form.Command6->setToolTip(u"Druckt die Abrechnungen (Strg+P)"_s);
@@ -120,6 +143,7 @@ void ShowWhatWillBePrinted(Program& program)
     }
     for (QLineEdit* field : { form.Text8From, form.Text8To })
         Tint(field, tint, reason);
+    ShowWhatIsWrongWithThePages(program);
 }
 
 void PrintStatements(Program& program) // Command6

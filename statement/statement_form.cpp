@@ -2,6 +2,7 @@
 
 #include "app/program.h"
 #include "controls/fields.h"
+#include "controls/frames.h"
 #include "data/records.h"
 #include "statement/page_preview.h"
 #include "statement/preview_paging.h"
@@ -52,6 +53,17 @@ QString PageName(const Program& program)
         QString::number(MemberCount(program)));
 }
 
+void ShowWhatIsMissing(const Program& program)
+{
+    const StatementState& statement = program.Statement;
+    QLabel* line = program.StatementPreview.UnfinishedLine;
+    if (IsUnfinished(statement, statement.ShownPage - 1))
+        ShowWarningLine(
+            line, u"Auf dieser Seite fehlen Beträge."_s, ErrorSentence(*statement.Stopped));
+    else
+        ShowWarningLine(line, {});
+}
+
 void ShowPage(Program& program)
 {
     StatementForm& form = program.StatementPreview;
@@ -60,6 +72,7 @@ void ShowPage(Program& program)
     form.P2->setAccessibleName(PageName(program));
     form.P2->move(0, TopOfShownPage(program.Statement));
     form.P2->update();
+    ShowWhatIsMissing(program);
     form.Desk->update(); // the shadow goes with the page
 }
 
@@ -154,6 +167,8 @@ QWidget* BuildPagesFrame(Program& program, QWidget* tab)
     buttons->addWidget(form.Command9Previous);
     buttons->addWidget(form.Command9Next);
     grid->addLayout(buttons, 2, 0, 1, 3);
+    form.UnfinishedLine = MakeWarningLine(frame, u"UnfinishedLine"_s, TintKind::Wrong);
+    grid->addWidget(form.UnfinishedLine, 3, 0, 1, 3);
     return frame;
 }
 

@@ -15,6 +15,7 @@ struct StatementForm {
     QScrollBar* VScroll1 = nullptr;
     QLineEdit* Text7 = nullptr; ///< "Angezeigte Seite"
     QLineEdit* Text9 = nullptr; ///< "Gesamtseitenzahl"
+    QLabel* UnfinishedLine = nullptr; ///< says that amounts are missing on the shown page
     QPushButton* Command9Next = nullptr; ///< Command9(0)
     QPushButton* Command9Previous = nullptr; ///< Command9(1)
 };

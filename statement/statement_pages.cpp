@@ -15,9 +15,20 @@ void DrawAmounts(StatementState& statement)
         statement.MemberPages = member + 1;
         if (bill.stopped)
             throw RuntimeError { *bill.stopped };
+        statement.FinishedPages = member + 1;
         statement.LastGrandTotal = *bill.total;
         statement.StatementTotals += TotalText(*bill.total);
     }
+}
+
+void DrawFixed(StatementState& statement)
+{
+    if (PageCount(statement) == 0)
+        return;
+    // The drawing goes page by page: when it fails, only the page in hand shows something.
+    statement.FixedPages = 1;
+    DrawFixedContents(statement.FixedContents, statement.Source);
+    statement.FixedPages = PageCount(statement);
 }
 
 } // namespace
@@ -28,13 +39,15 @@ void DrawAllPages(StatementState& statement, const BillSource& source)
     statement.FixedContents.clear();
     statement.FixedPages = 0;
     statement.MemberPages = 0;
-    if (PageCount(statement) > 0) {
-        // The drawing goes page by page: when it fails, only the page in hand shows something.
-        statement.FixedPages = 1;
-        DrawFixedContents(statement.FixedContents, source);
-        statement.FixedPages = PageCount(statement);
+    statement.FinishedPages = 0;
+    statement.Stopped.reset();
+    try {
+        DrawFixed(statement);
+        DrawAmounts(statement);
+    } catch (const RuntimeError& error) {
+        statement.Stopped = error; // the pages say so as long as they stand
+        throw;
     }
-    DrawAmounts(statement);
 }
 
 qsizetype PageCount(const StatementState& statement)
@@ -55,6 +68,11 @@ PageContents ContentsOfPage(const StatementState& statement, qsizetype index)
     if (index >= 0 && index < statement.MemberPages)
         DrawStatement(contents.member, StatementOfPage(statement, index));
     return contents;
+}
+
+bool IsUnfinished(const StatementState& statement, qsizetype index)
+{
+    return index >= statement.FinishedPages && index < PageCount(statement);
 }
 
 QString TitleOfPages(const StatementState& statement)

@@ -28,6 +28,9 @@ struct PageContents {
 };
 PageContents ContentsOfPage(const StatementState& statement, qsizetype index);
 
+/// True when amounts are missing on page index: the drawing stopped there or before.
+bool IsUnfinished(const StatementState& statement, qsizetype index);
+
 /// The title as it stands on the drawn pages; the year box may show another year by now. Empty
 /// while nothing is drawn.
 QString TitleOfPages(const StatementState& statement);

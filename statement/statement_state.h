@@ -1,12 +1,14 @@
 // The drawn pages of the loaded year and where the preview stands.
 #pragma once
 
+#include "data/runtime_error.h"
 #include "statement/bill_source.h"
 #include "statement/page.h"
 
 #include <QString>
 #include <QStringList>
 
+#include <optional>
 #include <vector>
 
 struct StatementState {
@@ -15,6 +17,8 @@ struct StatementState {
     qsizetype FixedPages = 0; ///< so many pages, from the first on, carry the fixed contents
     qsizetype MemberPages = 0; ///< so many pages, from the first on, carry the member's part; the
                                ///< last one an unfinished part when the drawing stopped there
+    qsizetype FinishedPages = 0; ///< so many pages, from the first on, have all their amounts
+    std::optional<RuntimeError> Stopped; ///< why there are fewer of them than pages
     QStringList StatementTotals; ///< List7: total of each drawn member as text of a single
     float LastGrandTotal = 0.0F; ///< single precision
     QString PageSelection; ///< flags joined with ";"; always empty when printing starts

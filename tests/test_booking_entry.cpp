@@ -65,6 +65,7 @@ private Q_SLOTS:
         QTest::newRow("whole euros") << u"36"_s << u"36,00"_s;
         QTest::newRow("one decimal") << u"208,2"_s << u"208,20"_s;
         QTest::newRow("two decimals") << u"173,66"_s << u"173,66"_s;
+        QTest::newRow("beyond the digits of a single") << u"278937,1"_s << u"278937,10"_s;
         QTest::newRow("negative") << u"-48,5"_s << u"-48,50"_s;
         QTest::newRow("tiny") << u"1,5E-05"_s << u"0,00"_s;
         QTest::newRow("tiny and negative") << u"-1,5E-05"_s << u"0,00"_s;

@@ -1,13 +1,18 @@
 // The preview inside the whole window: which page it shows after a save and after "Laden", and what
 // a print run is called.
+#include "cashbook/booking_form.h"
+#include "controls/fields.h"
 #include "tests/support/club.h"
 #include "tests/support/page_picture.h"
 #include "tests/support/printed.h"
 
+#include <QLabel>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QMainWindow>
 #include <QPrinter>
 #include <QPushButton>
+#include <QTabWidget>
 #include <QtTest>
 
 using namespace Qt::StringLiterals;
@@ -20,6 +25,12 @@ struct OpenClub : TestClub {
     explicit OpenClub(const QString& example) { CopyExample(example); }
 
     void Click(const char* name) { Control<QPushButton>(name)->click(); }
+    void ShowTab(int index)
+    {
+        program.Window.Window->show();
+        Control<QTabWidget>("SSTab1")->setCurrentIndex(index);
+        QCoreApplication::processEvents();
+    }
     QString TextOf(const char* name) const { return Control<QLineEdit>(name)->text(); }
     QImage Shown() const
     {
@@ -89,6 +100,80 @@ private Q_SLOTS:
         QCOMPARE(club.program.StatementPreview.P2->objectName(), u"P2(0)"_s);
         QCOMPARE(club.Shown(), club.Page(0));
         QVERIFY(club.Page(0) != club.Page(2));
+    }
+
+    void an_unfinished_page_says_so_beside_the_preview_and_before_it_is_printed()
+    {
+        OpenClub club(u"new-member"_s);
+        club.Start(QDate(2018, 11, 26));
+        club.ShowTab(1);
+        const auto* line = club.Control<QLabel>("UnfinishedLine");
+        QVERIFY(!line->isVisible()); // page 1 has all its amounts
+        const auto* pages = club.Control<QLabel>("UnfinishedPages");
+        QVERIFY(pages->isVisible());
+        QCOMPARE(pages->text(), u"Ab Seite 7 fehlen Beträge."_s);
+        for (int i = 0; i < 6; ++i)
+            club.Click("Command9(0)");
+        QCOMPARE(club.TextOf("Text7"), u"7"_s);
+        QVERIFY(line->isVisible());
+        QCOMPARE(line->text(), u"Auf dieser Seite fehlen Beträge."_s);
+        QVERIFY2(line->toolTip().contains(u"Mitgliedsdaten2017.pz"_s), qPrintable(line->toolTip()));
+        QCOMPARE(TintOf(line), TintKind::Wrong);
+        club.Click("Command9(1)");
+        QVERIFY(!line->isVisible());
+    }
+
+    void finished_pages_say_nothing_and_take_no_room()
+    {
+        OpenClub club(u"ordinary-year"_s);
+        club.Start(november);
+        club.ShowTab(1);
+        for (const char* name : { "UnfinishedLine", "UnfinishedPages", "PrintedYear" })
+            QVERIFY(!club.Control<QLabel>(name)->isVisible());
+    }
+
+    void a_member_without_a_finished_bill_is_not_proposed_unmarked()
+    {
+        OpenClub club(u"new-member"_s);
+        club.Start(QDate(2018, 11, 26));
+        club.ShowTab(2);
+        auto* deposit = club.Control<QLineEdit>("Text10(2)");
+        auto* names = club.Control<QListWidget>("List4");
+        const auto click = [&](int row) {
+            QTest::mouseClick(names->viewport(), Qt::LeftButton, {},
+                names->visualItemRect(names->item(row)).center());
+        };
+        click(6);
+        QCOMPARE(deposit->text(), u"0,00"_s);
+        QCOMPARE(TintOf(deposit), TintKind::Wrong);
+        QVERIFY2(
+            deposit->toolTip().contains(names->item(6)->text()), qPrintable(deposit->toolTip()));
+        click(0);
+        QVERIFY(deposit->text() != u"0,00"_s);
+        QCOMPARE(TintOf(deposit), TintKind::None);
+        click(6);
+        QTest::keyClicks(deposit, u"1"_s);
+        QCOMPARE(TintOf(deposit), TintKind::None);
+        click(6);
+        ResetEntryFields(club.program);
+        QCOMPARE(TintOf(deposit), TintKind::None);
+    }
+
+    void pages_that_name_another_year_than_their_data_are_pointed_out()
+    {
+        OpenClub club(u"ordinary-year"_s);
+        club.Start(november);
+        club.ShowTab(1);
+        const auto* line = club.Control<QLabel>("PrintedYear");
+        club.Click("Command3(1)"); // the pages are still those of 2017
+        QVERIFY(!line->isVisible());
+        club.Click("Command5"); // prices are saved, the pages drawn anew
+        QVERIFY(line->isVisible());
+        QCOMPARE(line->text(),
+            u"Auf den Seiten steht 2016, gerechnet sind sie aus den Daten von 2017."_s);
+        club.Click("Command3(0)");
+        club.Click("Command4");
+        QVERIFY(!line->isVisible());
     }
 
     void the_print_run_is_called_as_its_pages_are_headed()
