@@ -160,6 +160,8 @@ void PrintStatements(Program& program) // Command6
     if (!range)
         return; // nothing is printed, and nothing is said
     SetUpPrinter(printer);
-    PrintStatementPages(
-        printer, program.Statement, JobFor(program.Statement, *range), form.Command6->window());
+    PrintJob job = JobFor(program.Statement, *range);
+    job.last_page_first = printer.pageOrder() == QPrinter::LastPageFirst;
+    printer.setPageOrder(QPrinter::FirstPageFirst); // turned round here, not a second time there
+    PrintStatementPages(printer, program.Statement, job, form.Command6->window());
 }

@@ -76,12 +76,13 @@ void PrintPictureToPage(const PrintDevice& printer, const PrintJob& job)
         printer.EndDoc();
         return;
     }
-    for (qsizetype k = job.first; k <= job.last; ++k) {
+    for (qsizetype i = job.first; i <= job.last; ++i) {
+        const qsizetype k = job.last_page_first ? job.last - (i - job.first) : i;
         if (k < 0 || k >= *job.surfaces)
             throw RuntimeError { ErrorKind::SubscriptOutOfRange, {}, {} };
         if (flags.value(k, 1.0) != 0)
             printer.PaintPicture(k, job.left, job.top, size.width, size.height);
-        if (k != job.last)
+        if (i != job.last)
             printer.NewPage();
     }
     printer.EndDoc();

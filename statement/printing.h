@@ -40,6 +40,7 @@ struct PrintJob {
     double top = 0.0;
     qsizetype first = 0; ///< index of the first surface
     qsizetype last = 0; ///< index of the last surface; before first: nothing is painted
+    bool last_page_first = false; ///< from the last index back to the first
 };
 
 /// Prints each surface on a sheet of its own, as large as the printable area allows. A surface

@@ -2,12 +2,14 @@
 
 #include "data/runtime_error.h"
 #include "statement/page_player.h"
+#include "statement/print_file.h"
 #include "statement/statement_pages.h"
 
 #include <QGuiApplication>
 #include <QPainter>
 #include <QPrinter>
 #include <QProgressDialog>
+#include <QTemporaryDir>
 
 #include <limits>
 
@@ -21,15 +23,21 @@ constexpr double page_dots_per_inch = 96.0;
 constexpr int dot_mode = 3; // scale mode of the printer: dots
 constexpr qsizetype long_run = 50; // pages; shorter runs take less than a second
 
-/// The user does not want the remaining pages.
+/// The user does not want the pages after all.
 struct PrintCancelled { };
+
+/// What the box of a run says and whether it offers to stop.
+struct ProgressWords {
+    QString Label; ///< %1 is the sheet, %2 their number
+    QString CancelButton; ///< empty: too late to stop
+};
 
 /// The progress box of a long run.
 class Progress {
 public:
-    Progress(const PrintJob& job, QWidget* window)
-        : m_box({}, u"Abbrechen"_s, 0, static_cast<int>(job.last - job.first + 1), window)
-        , m_first(job.first)
+    Progress(const PrintJob& job, const ProgressWords& words, QWidget* window)
+        : m_box({}, words.CancelButton, 0, static_cast<int>(job.last - job.first + 1), window)
+        , m_label(words.Label)
     {
         const bool shown = m_box.maximum() >= long_run;
         m_box.setObjectName(u"PrintProgress"_s);
@@ -44,23 +52,19 @@ public:
     Progress(const Progress&) = delete;
     Progress& operator=(const Progress&) = delete;
 
-    void Show(qsizetype page)
+    void ShowNextSheet()
     {
-        const int number = static_cast<int>(page - m_first) + 1;
-        m_box.setLabelText(Label(number));
-        m_box.setValue(number); // lets the button "Abbrechen" be pressed
+        ++m_sheet;
+        m_box.setLabelText(m_label.arg(m_sheet).arg(m_box.maximum()));
+        m_box.setValue(m_sheet); // lets the button "Abbrechen" be pressed
     }
 
     bool Cancelled() const { return m_box.wasCanceled(); }
 
 private:
-    QString Label(int number) const
-    {
-        return u"Seite %1 von %2 wird gedruckt …"_s.arg(number).arg(m_box.maximum());
-    }
-
     QProgressDialog m_box;
-    qsizetype m_first;
+    QString m_label;
+    int m_sheet = 0;
 };
 
 struct Run {
@@ -81,7 +85,7 @@ void PaintPage(Run& run, qsizetype index, double left, double top, double width,
 {
     if (!run.painter.isActive() && !run.painter.begin(&run.printer))
         throw RuntimeError { ErrorKind::File, {}, {} };
-    run.progress.Show(index);
+    run.progress.ShowNextSheet();
     const PageContents contents = ContentsOfPage(run.statement, index);
     run.painter.save();
     run.painter.translate(left, top);
@@ -93,10 +97,22 @@ void PaintPage(Run& run, qsizetype index, double left, double top, double width,
     run.painter.restore();
 }
 
-void BeginSheet(Run& run)
+void RequireNotCancelled(const Run& run)
 {
     if (run.progress.Cancelled())
         throw PrintCancelled {};
+}
+
+void EndDocument(Run& run)
+{
+    RequireNotCancelled(run); // on the last page
+    if (run.painter.isActive() && !run.painter.end())
+        throw RuntimeError { ErrorKind::File, {}, {} };
+}
+
+void BeginSheet(Run& run)
+{
+    RequireNotCancelled(run);
     if (!run.painter.isActive() && !run.painter.begin(&run.printer))
         throw RuntimeError { ErrorKind::File, {}, {} };
     if (!run.printer.newPage())
@@ -122,8 +138,54 @@ PrintDevice DeviceOf(Run& run)
     device.PaintPicture = [&run](qsizetype index, double left, double top, double width,
                               double height) { PaintPage(run, index, left, top, width, height); };
     device.NewPage = [&run] { BeginSheet(run); };
-    device.EndDoc = [&run] { run.painter.end(); };
+    device.EndDoc = [&run] { EndDocument(run); };
     return device;
+}
+
+/// True when the last sheet was painted. A run that is cancelled or fails ends without a word, as
+/// it does when the dialog is cancelled.
+bool PaintAllSheets(QPrinter& printer, const StatementState& statement, const PrintJob& job,
+    const ProgressWords& words, QWidget* window)
+{
+    Run run { printer, statement, Progress(job, words, window) };
+    try {
+        PrintPictureToPage(DeviceOf(run), job);
+        return true;
+    } catch (const PrintCancelled&) {
+        return false;
+    } catch (const RuntimeError&) {
+        return false;
+    }
+}
+
+const ProgressWords printing { u"Seite %1 von %2 wird gedruckt …"_s, u"Abbrechen"_s };
+const ProgressWords preparing { u"Seite %1 von %2 wird vorbereitet …"_s, u"Abbrechen"_s };
+const ProgressWords sending { u"Seite %1 von %2 geht an den Drucker …"_s, {} };
+
+void PrintIntoFile(
+    QPrinter& printer, const StatementState& statement, const PrintJob& job, QWidget* window)
+{
+    const QString target = printer.outputFileName();
+    const QString unfinished = UnfinishedPrintFile(target);
+    printer.setOutputFileName(unfinished);
+    if (PaintAllSheets(printer, statement, job, printing, window))
+        FinishPrintFile(unfinished, target);
+    else
+        DropPrintFile(unfinished);
+}
+
+/// What a printer was given cannot be taken back, so the run is painted once for nothing: only when
+/// all sheets were good and wanted do they go to the printer.
+void PrintOnPaper(
+    QPrinter& printer, const StatementState& statement, const PrintJob& job, QWidget* window)
+{
+    const QTemporaryDir folder;
+    QPrinter rehearsal(QPrinter::HighResolution);
+    rehearsal.setOutputFormat(QPrinter::PdfFormat);
+    rehearsal.setOutputFileName(folder.filePath(u"bills.pdf"_s));
+    SetUpPrinter(rehearsal);
+    if (PaintAllSheets(rehearsal, statement, job, preparing, window))
+        PaintAllSheets(printer, statement, job, sending, window);
 }
 
 } // namespace
@@ -152,12 +214,8 @@ PrintJob JobFor(const StatementState& statement, const PageRange& range)
 void PrintStatementPages(
     QPrinter& printer, const StatementState& statement, const PrintJob& job, QWidget* window)
 {
-    Run run { printer, statement, Progress(job, window) };
-    try {
-        PrintPictureToPage(DeviceOf(run), job);
-    } catch (const PrintCancelled&) {
-        // The user ended the run; the painter ends the document behind the last whole page.
-    } catch (const RuntimeError&) {
-        // The run ends without a word, as it does when the dialog is cancelled.
-    }
+    if (printer.outputFileName().isEmpty())
+        PrintOnPaper(printer, statement, job, window);
+    else
+        PrintIntoFile(printer, statement, job, window);
 }

@@ -8,6 +8,7 @@ parzello_test(test_example_bills LIBRARIES bill_test_support)
 add_test(NAME check_bills
     COMMAND /usr/bin/python3 ${CMAKE_CURRENT_SOURCE_DIR}/golden/bills.py --check)
 parzello_test(test_preview_paging LIBRARIES statement)
+parzello_test(test_print_file LIBRARIES statement)
 parzello_test(test_printing LIBRARIES statement)
 parzello_test(test_page_font LIBRARIES bill_test_support printed_test_support)
 set_tests_properties(test_page_font PROPERTIES ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8;TZ=UTC;FONTCONFIG_FILE=${CMAKE_CURRENT_SOURCE_DIR}/fixtures/fonts/none.conf")

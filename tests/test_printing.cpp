@@ -75,6 +75,7 @@ class TestPrinting : public QObject {
 
 private Q_SLOTS:
     void pages_two_to_three_of_five_take_two_sheets();
+    void turned_round_the_last_page_comes_first();
     void the_picture_decides_the_orientation_data();
     void the_picture_decides_the_orientation();
     void the_picture_fills_the_printable_area_in_its_own_shape_data();
@@ -99,6 +100,15 @@ void TestPrinting::pages_two_to_three_of_five_take_two_sheets()
     QCOMPARE(Print(Pages(5, 1, 2)),
         (QStringList { u"orientation 1"_s, u"paint 1 at 0,0 size 197x280"_s, u"new page"_s,
             u"paint 2 at 0,0 size 197x280"_s, u"end"_s }));
+}
+
+void TestPrinting::turned_round_the_last_page_comes_first()
+{
+    PrintJob job = Pages(5, 1, 2);
+    job.last_page_first = true;
+    QCOMPARE(Print(job),
+        (QStringList { u"orientation 1"_s, u"paint 2 at 0,0 size 197x280"_s, u"new page"_s,
+            u"paint 1 at 0,0 size 197x280"_s, u"end"_s }));
 }
 
 void TestPrinting::the_picture_decides_the_orientation_data()

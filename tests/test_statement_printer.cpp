@@ -10,12 +10,17 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QDir>
 #include <QFile>
 #include <QGroupBox>
+#include <QHash>
 #include <QImage>
+#include <QPaintEngine>
 #include <QPrintDialog>
+#include <QPrintEngine>
 #include <QPrinter>
 #include <QProgressDialog>
+#include <QTabWidget>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -42,12 +47,58 @@ QRect InkOf(const QImage& picture)
     return ink;
 }
 
+/// A printer with a sheet feed instead of a file.
+class PaperPrinter : public QPrinter {
+    struct Engine : QPaintEngine, QPrintEngine {
+        int sheets = 0;
+        QHash<int, QVariant> properties;
+
+        bool begin(QPaintDevice*) override
+        {
+            ++sheets;
+            return true;
+        }
+        bool end() override { return true; }
+        void updateState(const QPaintEngineState&) override { }
+        void drawPolygon(const QPointF*, int, PolygonDrawMode) override { }
+        void drawPixmap(const QRectF&, const QPixmap&, const QRectF&) override { }
+        Type type() const override { return User; }
+        void setProperty(PrintEnginePropertyKey key, const QVariant& value) override
+        {
+            properties[key] = value;
+        }
+        QVariant property(PrintEnginePropertyKey key) const override
+        {
+            if (key == PPK_PageRect || key == PPK_PaperRect)
+                return QRect(0, 0, 2480, 3508);
+            return properties.value(key);
+        }
+        bool newPage() override
+        {
+            ++sheets;
+            return true;
+        }
+        bool abort() override { return false; }
+        int metric(QPaintDevice::PaintDeviceMetric) const override { return 300; }
+        QPrinter::PrinterState printerState() const override
+        {
+            return sheets > 0 ? QPrinter::Active : QPrinter::Idle;
+        }
+    };
+    Engine m_engine;
+
+public:
+    PaperPrinter() { setEngines(&m_engine, &m_engine); }
+    int Sheets() const { return m_engine.sheets; }
+};
+
 /// Presses "Abbrechen" as soon as the progress box shows.
 struct CancelAtOnce : QObject {
     int seen = 0;
     QString label;
     QString button;
     bool busy = false;
+    bool presses = true; ///< false: only looks
 
     CancelAtOnce() { qApp->installEventFilter(this); }
 
@@ -59,10 +110,11 @@ struct CancelAtOnce : QObject {
         ++seen;
         label = box->labelText();
         auto* cancel = box->findChild<QAbstractButton*>();
-        button = cancel->text();
+        button = cancel == nullptr ? QString() : cancel->text();
         busy = QGuiApplication::overrideCursor() != nullptr
             && QGuiApplication::overrideCursor()->shape() == Qt::WaitCursor;
-        cancel->click();
+        if (presses && cancel != nullptr)
+            cancel->click();
         return false;
     }
 };
@@ -91,7 +143,12 @@ private Q_SLOTS:
     void nothing_is_printed_beyond_the_pages_edge();
     void a_page_stands_where_left_and_top_say();
     void the_dialog_offers_no_range_of_its_own();
-    void a_long_run_can_be_cancelled_between_pages();
+    void a_file_hides_what_does_nothing_for_it();
+    void a_long_run_that_is_cancelled_prints_nothing();
+    void a_cancelled_run_leaves_the_file_of_the_last_one();
+    void the_reverse_order_begins_with_the_last_page();
+    void a_printer_gets_all_sheets_or_none_data();
+    void a_printer_gets_all_sheets_or_none();
     void a_short_run_shows_no_box();
 };
 
@@ -354,7 +411,82 @@ void TestStatementPrinter::the_dialog_offers_no_range_of_its_own()
     QVERIFY(!range->isVisible());
 }
 
-void TestStatementPrinter::a_long_run_can_be_cancelled_between_pages()
+void TestStatementPrinter::a_file_hides_what_does_nothing_for_it()
+{
+    QPrinter printer(QPrinter::HighResolution);
+    QPrintDialog dialog(&printer);
+    PreparePrintDialog(dialog);
+    dialog.show();
+    dialog.findChild<QTabWidget*>(u"tabs"_s)->parentWidget()->show(); // "Optionen"
+    for (const auto& name : { u"properties"_s, u"copies"_s, u"collate"_s, u"duplex"_s }) {
+        const auto* part = dialog.findChild<QWidget*>(name);
+        QVERIFY2(part != nullptr && !part->isVisible(), qPrintable(name));
+    }
+    QVERIFY(!dialog.findChild<QWidget*>(u"reverse"_s)->isHidden());
+}
+
+void TestStatementPrinter::the_reverse_order_begins_with_the_last_page()
+{
+    StatementTab tab(YearOf(u"ordinary-year"_s));
+    const QString path = tab.Folder.filePath(u"bills.pdf"_s);
+    tab.program.PrintFrame.ShowPrintDialog = [&](QPrinter& printer) {
+        printer.setOutputFormat(QPrinter::PdfFormat);
+        printer.setOutputFileName(path);
+        printer.setPageOrder(QPrinter::LastPageFirst); // "Umgekehrt"
+        return true;
+    };
+    tab.Type("Text8(0)", u"2"_s);
+    tab.Type("Text8(1)", u"3"_s);
+    tab.Click("Command6");
+    QCOMPARE(PagesOfPdf(path), 2);
+    QVERIFY(TextOfPdfPage(path, 0).contains(u"Jörg Böhm"_s));
+    QVERIFY(TextOfPdfPage(path, 1).contains(u"Käthe Sommer"_s));
+}
+
+void TestStatementPrinter::a_cancelled_run_leaves_the_file_of_the_last_one()
+{
+    StatementTab tab(YearOf(u"large-club"_s));
+    tab.Show(1024, 700);
+    const QString path = tab.PrintTo(u"bills.pdf"_s);
+    tab.Type("Text8(1)", u"2"_s);
+    tab.Click("Command6");
+    QCOMPARE(PagesOfPdf(path), 2);
+    tab.Type("Text8(1)", u"120"_s);
+    CancelAtOnce user;
+    tab.Click("Command6");
+    QCOMPARE(user.seen, 1);
+    QCOMPARE(PagesOfPdf(path), 2);
+    QCOMPARE(QDir(tab.Folder.path()).entryList(QDir::Files), QStringList { u"bills.pdf"_s });
+}
+
+void TestStatementPrinter::a_printer_gets_all_sheets_or_none_data()
+{
+    QTest::addColumn<bool>("cancelled");
+    QTest::addColumn<int>("sheets");
+    QTest::newRow("cancelled") << true << 0;
+    QTest::newRow("to the end") << false << 120;
+}
+
+void TestStatementPrinter::a_printer_gets_all_sheets_or_none()
+{
+    QFETCH(bool, cancelled);
+    QFETCH(int, sheets);
+    StatementTab tab(YearOf(u"large-club"_s));
+    tab.Show(1024, 700);
+    PaperPrinter printer;
+    SetUpPrinter(printer);
+    CancelAtOnce user;
+    user.presses = cancelled;
+    PrintStatementPages(
+        printer, tab.program.Statement, JobFor(tab.program.Statement, { 0, 119 }), &tab.Tab);
+    QCOMPARE(user.label,
+        cancelled ? u"Seite 1 von 120 wird vorbereitet …"_s
+                  : u"Seite 1 von 120 geht an den Drucker …"_s);
+    QCOMPARE(printer.Sheets(), sheets);
+    QCOMPARE(QGuiApplication::overrideCursor(), nullptr);
+}
+
+void TestStatementPrinter::a_long_run_that_is_cancelled_prints_nothing()
 {
     StatementTab tab(YearOf(u"large-club"_s));
     tab.Show(1024, 700);
@@ -365,7 +497,7 @@ void TestStatementPrinter::a_long_run_can_be_cancelled_between_pages()
     QCOMPARE(user.label, u"Seite 1 von 120 wird gedruckt …"_s);
     QCOMPARE(user.button, u"Abbrechen"_s);
     QVERIFY(user.busy);
-    QCOMPARE(PagesOfPdf(path), 1); // the page in hand is finished
+    QCOMPARE(QDir(tab.Folder.path()).entryList(QDir::Files), QStringList());
     QCOMPARE(QGuiApplication::overrideCursor(), nullptr);
     QCOMPARE(tab.Boxes, QStringList());
 }
