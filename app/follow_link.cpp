@@ -15,10 +15,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int members_tab = 0;
-constexpr int statement_tab = 1;
-constexpr int cash_book_tab = 2;
-
 int TabOf(const Program& program, const QWidget* control)
 {
     const QTabWidget* tabs = program.Window.SSTab1;
@@ -73,7 +69,7 @@ void GoToMember(Program& program, const LinkTarget& target)
     const bool other = there && target.position != program.Member.CurrentMember;
     if (other && !MayLeaveMember(program))
         return;
-    if (!BringTabToFront(program, members_tab))
+    if (!BringTabToFront(program, MembersTab))
         return;
     if (other)
         SelectMember(program, static_cast<int>(target.position));
@@ -82,7 +78,7 @@ void GoToMember(Program& program, const LinkTarget& target)
 
 void GoToBooking(Program& program, const LinkTarget& target, Account account)
 {
-    if (!BringTabToFront(program, cash_book_tab))
+    if (!BringTabToFront(program, CashBookTab))
         return;
     if (ShownAccount(program) != account)
         program.CashBookTab.Command15->click();
@@ -95,7 +91,7 @@ void GoToBooking(Program& program, const LinkTarget& target, Account account)
 
 void GoToBill(Program& program, const LinkTarget& target)
 {
-    if (!BringTabToFront(program, statement_tab))
+    if (!BringTabToFront(program, StatementTab))
         return;
     const qsizetype members = program.Members.RecordList.size();
     const qsizetype wanted = qMin(target.position, members - 1) + 1;

@@ -10,6 +10,9 @@ class QPushButton;
 class QTabWidget;
 struct Program;
 
+/// The tabs in their order.
+enum Tab { MembersTab, StatementTab, CashBookTab, SettingsTab, TabCount };
+
 /// Controls outside the tabs.
 struct MainWindowForm {
     QMainWindow* Window = nullptr;

@@ -13,8 +13,6 @@
 
 namespace {
 
-enum Tab { MembersTab, StatementTab, CashBookTab, SettingsTab };
-
 template <typename Routine> void Key(Program& program, const QKeySequence& keys, Routine routine)
 {
     auto* shortcut = new QShortcut(keys, program.Window.Window);
@@ -49,22 +47,29 @@ void SaveTabInFront(Program& program)
     }
 }
 
+/// False when something could not be saved and its tab came back to the front.
+bool BringToFront(Program& program, Tab tab)
+{
+    program.Window.SSTab1->setCurrentIndex(tab);
+    return program.Window.SSTab1->currentIndex() == tab;
+}
+
 } // namespace
 
 void BuildShortcuts(Program& program)
 {
-    for (int tab = 0; tab < 4; ++tab) {
+    for (int tab = 0; tab < TabCount; ++tab) {
         Key(program, QKeySequence(static_cast<int>(Qt::CTRL) | (Qt::Key_1 + tab)),
             [tab](Program& p) { p.Window.SSTab1->setCurrentIndex(tab); });
     }
     Key(program, QKeySequence(QStringLiteral("Ctrl+S")), SaveTabInFront);
     Key(program, QKeySequence(QStringLiteral("Ctrl+N")), [](Program& p) {
-        p.Window.SSTab1->setCurrentIndex(MembersTab);
-        p.MembersTab.Command14->click();
+        if (BringToFront(p, MembersTab))
+            p.MembersTab.Command14->click();
     });
     Key(program, QKeySequence(QStringLiteral("Ctrl+P")), [](Program& p) {
-        p.Window.SSTab1->setCurrentIndex(StatementTab);
-        p.PrintFrame.Command6->click();
+        if (BringToFront(p, StatementTab))
+            p.PrintFrame.Command6->click();
     });
     Key(program, QKeySequence(Qt::Key_F1), ShowManual);
 }

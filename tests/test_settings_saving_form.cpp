@@ -15,7 +15,6 @@ const QString price_question
 const QString bank_question
     = QStringLiteral("Hinweis: Sie haben die Bankverbindung oder Namen in den Einstellungen "
                      "geändert. Sollen die Änderungen gespeichert werden ?");
-constexpr int members_tab = 0;
 
 /// True when a text that stands on every bill holds these words.
 bool BillShows(const Program& program, const QString& words)
@@ -211,7 +210,7 @@ private Q_SLOTS:
         SettingsClub club;
         club.OpenWithData();
         PickBillingDate(club.program, QDate(2017, 11, 3));
-        TabChanged(club.program, members_tab);
+        TabChanged(club.program, MembersTab);
         const QStringList expected { price_question, SavedBox };
         QCOMPARE(club.BoxTexts(), expected);
         QVERIFY(club.Read(PriceFile).contains("Abrechnungsdatum=03.11.2017\r\n"));
@@ -222,7 +221,7 @@ private Q_SLOTS:
         SettingsClub club;
         club.OpenWithData();
         Type(club.Control<QComboBox>("C1")->lineEdit(), QStringLiteral("Herr"));
-        TabChanged(club.program, members_tab);
+        TabChanged(club.program, MembersTab);
         const QStringList expected { price_question, SavedBox };
         QCOMPARE(club.BoxTexts(), expected);
         QCOMPARE(club.Read(BankFile), QByteArray(BankData).replace("Frau", "Herr"));
@@ -234,7 +233,7 @@ private Q_SLOTS:
         club.OpenWithData();
         Type(club.Bank(1), QStringLiteral("DE99"));
         club.Answers = { BoxAnswer::No };
-        TabChanged(club.program, members_tab);
+        TabChanged(club.program, MembersTab);
         QCOMPARE(club.BoxTexts(), QStringList { bank_question });
         QCOMPARE(club.Bank(1)->text(), QStringLiteral("DE00 1234"));
         QCOMPARE(club.Read(BankFile), BankData);
@@ -247,7 +246,7 @@ private Q_SLOTS:
         Type(club.Control<QComboBox>("C1")->lineEdit(), QStringLiteral("Herr"));
         club.Control<QPushButton>("Command7")->click();
         Type(club.Bank(1), QStringLiteral("DE99"));
-        TabChanged(club.program, members_tab);
+        TabChanged(club.program, MembersTab);
         const QStringList expected { SavedBox, bank_question, SavedBox };
         QCOMPARE(club.BoxTexts(), expected);
     }
@@ -292,7 +291,7 @@ private Q_SLOTS:
         club.CopyExample(QStringLiteral("ordinary-year"));
         club.Start({ 2017, 11, 20 });
         Type(club.Control<QComboBox>("C1")->lineEdit(), QStringLiteral("Herrn"));
-        TabChanged(club.program, members_tab);
+        TabChanged(club.program, MembersTab);
         QVERIFY(BillShows(club.program, QStringLiteral("Herrn Renate Noack")));
     }
 };

@@ -14,7 +14,6 @@
 inline const QString PriceFile = QStringLiteral("Config.ini");
 inline const QString BankFile = QStringLiteral("Config1.ini");
 inline const QString SavedBox = QStringLiteral("Hinweis: Datenänderung ist gespeichert !");
-inline constexpr int SettingsTabIndex = 3;
 
 inline const QByteArray Prices2017("[2017]\r\n"
                                    "RepUmlage=5,00\r\n"
@@ -64,7 +63,7 @@ struct SettingsClub : TestClub {
     /// Shows the tab; needed where the mouse or the focus is.
     void ShowTab() const
     {
-        program.Window.SSTab1->setCurrentIndex(SettingsTabIndex);
+        program.Window.SSTab1->setCurrentIndex(SettingsTab);
         program.Window.Window->show();
         QVERIFY(QTest::qWaitForWindowExposed(program.Window.Window));
     }

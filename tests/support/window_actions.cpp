@@ -19,8 +19,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-enum Tab { MembersTab, StatementTab, CashBookTab, SettingsTab };
-
 const QString bank_file = u"Konto2017.pz"_s;
 const QString cash_box_file = u"HandKasse2017.pz"_s;
 
