@@ -27,6 +27,12 @@ void ShowClubName(Program& program)
         program.ClubName.isEmpty() ? ClubNamePlaceholder : program.ClubName);
 }
 
+void ClubNameEntered(Program& program) // Text5, the Enter key
+{
+    if (program.Window.Text5->text() != ClubNameHint) // one Enter too many after the first box
+        SaveClubName(program);
+}
+
 void SaveClubName(Program& program)
 {
     const QString typed = program.Window.Text5->text();

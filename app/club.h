@@ -7,6 +7,9 @@ struct Program;
 /// is shown.
 void ReadClubName(Program& program);
 
+/// The Enter key in Text5: as Command22, but nothing happens while it holds the hint.
+void ClubNameEntered(Program& program);
+
 /// Command22: writes the text of the box (Text5) as club name, shows it and hides the box.
 void SaveClubName(Program& program);
 

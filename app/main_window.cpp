@@ -149,13 +149,17 @@ void ConnectHandlers(Program& program)
     On(program, window.SSTab1, &QTabWidget::currentChanged, TabChanged);
     On(program, window.Command8, &QPushButton::clicked, Exit);
     On(program, window.Command22, &QPushButton::clicked, SaveClubName);
-    On(program, window.Text5, &QLineEdit::returnPressed, SaveClubName);
+    On(program, window.Text5, &QLineEdit::returnPressed, ClubNameEntered);
     OnEvent(program, window.Text5, QEvent::FocusIn, SelectClubNameHint);
     OnEvent(program, window.Text5, QEvent::MouseButtonRelease, SelectClubNameHint);
     OnEvent(program, window.Window, QEvent::Close, WindowClosing);
 }
 
-/// Large enough for each tab to be seen whole, where the screen is.
+/// What the desktop puts around a window: two edges, a title bar and an edge below.
+constexpr QSize window_frame(16, 48);
+
+/// Large enough for each tab to be seen whole, where the screen is; with its frame it lies on the
+/// screen whole.
 QSize FirstSize(const Program& program)
 {
     const QTabWidget* tabs = program.Window.SSTab1;

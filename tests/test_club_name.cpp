@@ -56,6 +56,21 @@ private Q_SLOTS:
         QVERIFY(QApplication::focusWidget() != later.Control<QPushButton>("Command8"));
     }
 
+    void the_enter_key_does_nothing_while_the_hint_stands_there_and_the_button_stores_it()
+    {
+        TestClub club;
+        club.Start({ 2017, 11, 20 });
+        auto* box = club.Control<QLineEdit>("Text5");
+        const QString hint = box->text();
+        QTest::keyClick(box, Qt::Key_Return);
+        QTest::keyClick(box, Qt::Key_Enter);
+        QVERIFY(!club.Exists(QStringLiteral("V.dat")));
+        QVERIFY(!box->isHidden());
+        QTest::mouseClick(club.Control<QPushButton>("Command22"), Qt::LeftButton);
+        QCOMPARE(club.Control<QLabel>("Label1(1)")->text(), hint);
+        QVERIFY(club.Exists(QStringLiteral("V.dat")));
+    }
+
     void a_click_selects_the_hint_so_that_typing_replaces_it()
     {
         TestClub club;
