@@ -171,7 +171,8 @@ QSize FirstSize(const Program& program)
         wanted = wanted.expandedTo(
             scroll->widget()->minimumSizeHint() + QSize(2 * FrameSpacing, above));
     }
-    return wanted.boundedTo(program.Window.Window->screen()->availableGeometry().size());
+    return wanted.boundedTo(
+        program.Window.Window->screen()->availableGeometry().size() - window_frame);
 }
 
 } // namespace

@@ -1,6 +1,8 @@
 #include "controls/message_boxes.h"
 
+#include <QApplication>
 #include <QCloseEvent>
+#include <QGridLayout>
 #include <QKeyEvent>
 #include <QMessageBox>
 #include <QPushButton>
@@ -32,6 +34,17 @@ protected:
         QMessageBox::closeEvent(event);
     }
 };
+
+/// Room for the whole title and the buttons beside it. The box alone would be as wide as its text.
+void MakeAsWideAsTitle(QMessageBox& box)
+{
+    constexpr int beside_the_title = 120; // the desktop's icon and buttons
+    QFont title = QApplication::font();
+    title.setBold(true);
+    const int width = QFontMetrics(title).horizontalAdvance(box.windowTitle()) + beside_the_title;
+    auto* grid = static_cast<QGridLayout*>(box.layout());
+    grid->addItem(new QSpacerItem(width, 0), grid->rowCount(), 0, 1, grid->columnCount());
+}
 
 QMessageBox::Icon QtIcon(BoxIcon icon)
 {
@@ -69,6 +82,7 @@ BoxAnswer ShowMessageBox(QWidget* window, const MessageBox& box)
     shown.setText(box.text);
     shown.setInformativeText(box.detail);
     shown.setIcon(QtIcon(box.icon));
+    MakeAsWideAsTitle(shown);
 
     if (box.buttons == BoxButtons::YesNo) {
         shown.MustAnswer = true;

@@ -15,6 +15,7 @@
 #include <QListWidget>
 #include <QMainWindow>
 #include <QPushButton>
+#include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QStyle>
@@ -84,6 +85,15 @@ class TestEveryWidget : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
+    void the_first_window_lies_on_the_screen_with_its_frame()
+    {
+        const Shown club;
+        const QMainWindow* window = club.program.Window.Window;
+        const QSize screen = window->screen()->availableGeometry().size();
+        QVERIFY(window->width() + 8 <= screen.width());
+        QVERIFY(window->height() + 40 <= screen.height()); // the title bar
+    }
+
     void every_input_has_a_name_that_is_unique_within_its_tab()
     {
         Shown club;

@@ -65,6 +65,20 @@ private Q_SLOTS:
         });
     }
 
+    void a_box_is_wide_enough_for_its_title()
+    {
+        MessageBox box;
+        box.text = QStringLiteral("Ja");
+        box.title = QStringLiteral("Kleingarten Parzello, ein langer Titel");
+        Show(box, [&box](QMessageBox* shown) {
+            QFont bold = shown->font();
+            bold.setBold(true);
+            const int title = QFontMetrics(bold).horizontalAdvance(box.title);
+            QVERIFY2(shown->width() >= title + 100, qPrintable(QString::number(shown->width())));
+            Press(shown, QStringLiteral("OK"));
+        });
+    }
+
     void yes_and_no_answer_what_they_say()
     {
         QCOMPARE(Show(Box(BoxButtons::YesNo),
