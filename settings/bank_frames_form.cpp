@@ -7,12 +7,15 @@
 #include "settings/price_frame_form.h"
 #include "settings/texts.h"
 
+#include <QAbstractItemView>
+#include <QApplication>
 #include <QComboBox>
 #include <QCompleter>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMouseEvent>
 #include <QPushButton>
 #include <QStringListModel>
 
@@ -70,12 +73,27 @@ QGroupBox* BuildTreasurerFrame(SettingsForm& form, QWidget* parent)
     return frame;
 }
 
+/// A press beside the offered names would only close them. One on a button is meant for it.
+void PressThrough(QWidget* names)
+{
+    HookEvent(names, QEvent::MouseButtonPress, [names](QEvent& event) {
+        const QPoint where = static_cast<QMouseEvent&>(event).globalPosition().toPoint();
+        if (names->geometry().contains(where))
+            return false;
+        names->hide();
+        if (auto* button = qobject_cast<QAbstractButton*>(QApplication::widgetAt(where)))
+            QMetaObject::invokeMethod(button, &QAbstractButton::click, Qt::QueuedConnection);
+        return true;
+    });
+}
+
 void OfferNames(Program& program, QLineEdit* contact)
 {
     auto* completer = new QCompleter(program.SettingsTab.ContactNames, contact);
     completer->setCaseSensitivity(Qt::CaseInsensitive);
     completer->setFilterMode(Qt::MatchContains);
     contact->setCompleter(completer);
+    PressThrough(completer->popup());
     contact->setToolTip(u"Wie in der Namensliste: Nachname,Vorname"_s);
 }
 

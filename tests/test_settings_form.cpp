@@ -121,7 +121,7 @@ private Q_SLOTS:
     {
         SettingsClub club;
         club.Open();
-        const QWidget* tab = club.program.Window.SSTab1->widget(SettingsTabIndex);
+        const QWidget* tab = club.program.Window.SSTab1->widget(SettingsTab);
         QStringList names;
         const auto widgets = tab->findChildren<QWidget*>();
         for (const QWidget* widget : widgets) {
@@ -284,6 +284,36 @@ private Q_SLOTS:
         QVERIFY(club.program.Settings.SettingsSaved);
         Q_EMIT club.Bank(3)->completer()->activated(names[0]); // chosen from the list
         QVERIFY(!club.program.Settings.SettingsSaved);
+    }
+
+    void a_click_on_speichern_while_names_are_offered_presses_it()
+    {
+        SettingsClub club;
+        club.OpenWithData();
+        club.program.Members.NameList = { QStringLiteral("Meier,Anna") };
+        OfferContactNames(club.program);
+        club.program.Window.SSTab1->setCurrentIndex(SettingsTab);
+        club.program.Window.Window->show();
+        QVERIFY(QTest::qWaitForWindowActive(club.program.Window.Window));
+        auto* contact = club.Bank(4);
+        contact->setFocus();
+        contact->selectAll();
+        QTest::keyClicks(contact, QStringLiteral("mei"));
+        QWidget* names = contact->completer()->popup();
+        QVERIFY(names->isVisible());
+        auto* save = club.Control<QPushButton>("Command7");
+        for (QWidget* parent = save->parentWidget(); parent != nullptr;
+             parent = parent->parentWidget()) {
+            if (auto* scroll = qobject_cast<QScrollArea*>(parent))
+                scroll->ensureWidgetVisible(save);
+        }
+        const QPoint button
+            = save->mapToGlobal(QPoint(save->width() / 2, save->height() - 3)); // below the names
+        QVERIFY(!names->geometry().contains(button));
+        QTest::mouseClick(names, Qt::LeftButton, {}, names->mapFromGlobal(button));
+        QTRY_COMPARE(club.BoxTexts(), QStringList { SavedBox });
+        QVERIFY(!names->isVisible());
+        QVERIFY(club.Read(BankFile).contains("Name2=mei\r\n"));
     }
 
     void a_contact_whom_the_bill_would_not_find_is_tinted()
