@@ -12,9 +12,6 @@
 
 namespace {
 
-constexpr int cash_book_tab = 2;
-constexpr int settings_tab = 3;
-
 bool Confirmed(Program& program, const QString& question)
 {
     MessageBox box;
@@ -25,13 +22,12 @@ bool Confirmed(Program& program, const QString& question)
     return program.Ask(box) == BoxAnswer::Yes;
 }
 
-/// Bookings that could not be saved are only in memory, and much of what the other tabs do reads
-/// the year anew: the cash book comes back to the front, and the question will come again.
-void KeepCashBookInFront(Program& program)
+/// What could not be saved is only in memory or in the fields, and much of what the other tabs do
+/// reads the year anew: its tab comes back to the front, and the question will come again.
+void KeepInFront(Program& program, Tab tab)
 {
-    program.CashBook.LedgerChanged = true;
     const QSignalBlocker not_by_the_user(program.Window.SSTab1);
-    program.Window.SSTab1->setCurrentIndex(cash_book_tab);
+    program.Window.SSTab1->setCurrentIndex(tab);
 }
 
 void AskForBalance(Program& program)
@@ -43,9 +39,30 @@ void AskForBalance(Program& program)
     try {
         SaveBothLedgers(program);
     } catch (const RuntimeError&) {
-        KeepCashBookInFront(program);
+        program.CashBook.LedgerChanged = true;
+        KeepInFront(program, CashBookTab);
         throw;
     }
+}
+
+/// The "Ja" to a question for settings.
+template <typename Routine> void SaveOrComeBack(Program& program, Routine save)
+{
+    try {
+        save(program);
+    } catch (const RuntimeError&) {
+        KeepInFront(program, SettingsTab);
+        throw;
+    }
+}
+
+/// The salutation is asked about with the prices, and again while it is not in its file.
+void SavePricesAndSalutation(Program& program)
+{
+    SavePriceSettings(program);
+    CountAsEdited(program.Settings, SettingsQuestion::Prices);
+    SaveSalutation(program);
+    CountAsSaved(program.Settings);
 }
 
 void DeclinePrices(Program& program)
@@ -59,12 +76,10 @@ bool AskForPrices(Program& program)
 {
     if (!AsksForPrices(program.Settings, ReadPriceFields(program)))
         return false;
-    if (Confirmed(program, AskSavePrices)) {
-        SavePriceSettings(program);
-        SaveSalutation(program);
-    } else {
+    if (Confirmed(program, AskSavePrices))
+        SaveOrComeBack(program, SavePricesAndSalutation);
+    else
         DeclinePrices(program);
-    }
     return true;
 }
 
@@ -73,11 +88,10 @@ bool AskForBank(Program& program)
 {
     if (!AsksForBank(program.Settings, ReadBankFields(program)))
         return false;
-    if (Confirmed(program, AskSaveBank)) {
-        SaveBankSettings(program);
-    } else {
+    if (Confirmed(program, AskSaveBank))
+        SaveOrComeBack(program, SaveBankSettings);
+    else
         RestoreSettingsFields(program);
-    }
     return true;
 }
 
@@ -85,16 +99,16 @@ bool AskForBank(Program& program)
 void AskForSalutation(Program& program)
 {
     if (BankDiffers(program) && Confirmed(program, AskSaveBank))
-        SaveBankSettings(program);
+        SaveOrComeBack(program, SaveBankSettings);
 }
 
 } // namespace
 
 void TabChanged(Program& program, int new_tab)
 {
-    if (new_tab != cash_book_tab && program.CashBook.LedgerChanged)
+    if (new_tab != CashBookTab && program.CashBook.LedgerChanged)
         AskForBalance(program);
-    if (new_tab == settings_tab)
+    if (new_tab == SettingsTab)
         return;
     if (!AskForPrices(program))
         AskForBank(program);

@@ -253,8 +253,7 @@ void SaveBankSettings(Program& program) // Command7, "Speichern"
     TakeBank(program, typed);
     DrawStatementPages(program);
     ShowAccountTitle(program);
-    CountAsSaved(program.Settings);
-    program.Settings.PricesEdited = PricesDiffer(program); // the salutation is saved now
+    CountBankAsSaved(program.Settings, ReadPriceFields(program));
     ShowBankMarks(program);
     Tell(program.Ask, SettingsSavedTitle, SettingsSavedMessage);
 }

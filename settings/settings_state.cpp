@@ -2,6 +2,12 @@
 
 namespace {
 
+/// True when everything that differs from what is saved was answered with "Nein" as it is.
+bool IsAnswered(const SettingsState& state, const PriceSettings& shown)
+{
+    return shown == state.SavedPrices || shown == state.DeclinedPrices;
+}
+
 bool PriceTextDiffers(const SettingsState& state, const PriceSettings& shown)
 {
     for (std::size_t i = 0; i < PriceCount; ++i) {
@@ -27,6 +33,12 @@ void CountAsSaved(SettingsState& state)
 {
     state.SettingsSaved = true;
     state.PricesEdited = false;
+}
+
+void CountBankAsSaved(SettingsState& state, const PriceSettings& shown)
+{
+    state.SettingsSaved = true;
+    state.PricesEdited = state.PricesEdited && !IsAnswered(state, shown);
 }
 
 bool AsksForPrices(const SettingsState& state, const PriceSettings& shown)

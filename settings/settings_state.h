@@ -25,6 +25,10 @@ void CountAsEdited(SettingsState& state, SettingsQuestion question);
 /// Nothing is left to ask about: saved, put back or loaded anew.
 void CountAsSaved(SettingsState& state);
 
+/// The bank's "Speichern" wrote everything but prices, dates and prepayments; what of those was
+/// edited since the last answer and still differs is left to ask about.
+void CountBankAsSaved(SettingsState& state, const PriceSettings& shown);
+
 /// True when leaving the tab asks for the prices that the tab shows. Texts that were answered with
 /// "Nein" and stayed in their field, because the saved text is empty, are not asked about again.
 bool AsksForPrices(const SettingsState& state, const PriceSettings& shown);

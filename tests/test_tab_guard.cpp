@@ -272,6 +272,84 @@ private Q_SLOTS:
         QCOMPARE(club.Boxes.size(), 2);
     }
 
+    void a_declined_price_is_not_asked_about_after_the_banks_save()
+    {
+        Club club;
+        club.Type("Text4(7)", QStringLiteral("5")); // the saved text is empty: "Nein" leaves it
+        club.Answers = { BoxAnswer::No };
+        club.GoTo(0);
+        club.GoTo(3);
+        club.Type("Text6(0)", QStringLiteral("Bank"));
+        QTest::mouseClick(club.Control<QPushButton>("Command7"), Qt::LeftButton);
+        club.GoTo(0);
+        QCOMPARE(club.BoxTexts(), (QStringList { ask_prices, saved }));
+        club.GoTo(3);
+        club.Type("Text4(7)", QStringLiteral("6"));
+        QTest::mouseClick(club.Control<QPushButton>("Command7"), Qt::LeftButton);
+        club.GoTo(0);
+        QCOMPARE(club.BoxTexts().mid(2), (QStringList { saved, ask_prices, saved }));
+    }
+
+    void settings_that_cannot_be_saved_come_back_with_what_was_typed_data()
+    {
+        QTest::addColumn<QString>("file");
+        QTest::addColumn<QString>("field");
+        QTest::addColumn<QString>("question");
+        QTest::newRow("price") << QStringLiteral("Config.ini") << QStringLiteral("Text4(0)")
+                               << ask_prices;
+        QTest::newRow("bank") << QStringLiteral("Config1.ini") << QStringLiteral("Text6(0)")
+                              << ask_bank;
+    }
+
+    void settings_that_cannot_be_saved_come_back_with_what_was_typed()
+    {
+        QFETCH(QString, file);
+        QFETCH(QString, field);
+        QFETCH(QString, question);
+        Club club;
+        club.Type(qPrintable(field), QStringLiteral("9,99"));
+        club.BlockFile(file);
+        for (int again = 0; again < 2; ++again) { // the question comes until it is settled
+            club.Boxes.clear();
+            club.GoTo(0);
+            QCOMPARE(club.BoxTexts().first(), question);
+            QCOMPARE(club.Boxes.last().icon, BoxIcon::Error);
+            QCOMPARE(club.Control<QTabWidget>("SSTab1")->currentIndex(), 3);
+            QCOMPARE(club.Control<QLineEdit>(qPrintable(field))->text(), QStringLiteral("9,99"));
+        }
+    }
+
+    void a_salutation_that_cannot_be_saved_comes_back_too()
+    {
+        Club club;
+        auto* salutation = club.Control<QComboBox>("C1");
+        salutation->lineEdit()->selectAll();
+        QTest::keyClicks(salutation->lineEdit(), QStringLiteral("Herr"));
+        club.BlockFile(QStringLiteral("Config1.ini"));
+        for (int again = 0; again < 2; ++again) {
+            club.Boxes.clear();
+            club.GoTo(0);
+            QCOMPARE(club.BoxTexts().first(), ask_prices);
+            QCOMPARE(club.Boxes.last().icon, BoxIcon::Error);
+            QCOMPARE(club.Control<QTabWidget>("SSTab1")->currentIndex(), 3);
+            QCOMPARE(salutation->currentText(), QStringLiteral("Herr"));
+        }
+    }
+
+    void a_new_member_is_not_begun_behind_settings_that_cannot_be_saved()
+    {
+        Club club;
+        club.program.Window.Window->show();
+        QVERIFY(QTest::qWaitForWindowActive(club.program.Window.Window));
+        club.Type("Text4(0)", QStringLiteral("9,99"));
+        club.BlockFile(QStringLiteral("Config.ini"));
+        const QString name = club.Control<QLineEdit>("Text3(0)")->text();
+        QVERIFY(!name.isEmpty());
+        QTest::keyClick(club.program.Window.Window, Qt::Key_N, Qt::ControlModifier);
+        QCOMPARE(club.Boxes.last().icon, BoxIcon::Error);
+        QCOMPARE(club.Control<QLineEdit>("Text3(0)")->text(), name);
+    }
+
     void a_ticked_box_beside_a_saved_bank_is_asked_about()
     {
         Club club;
