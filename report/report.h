@@ -65,6 +65,7 @@ enum class BarLook { Full, Pale, Warning };
 
 struct ReportCell {
     ReportText text = {};
+    Indent indent = Indent::None;
     std::optional<double> sort_value = {}; ///< what the column is sorted by; without it the text
     std::optional<double> bar = {}; ///< 0 to 1: a bar of that length behind the text
     BarLook bar_look = BarLook::Full;
@@ -82,6 +83,7 @@ struct ReportColumn {
     QString caption;
     ColumnKind kind = ColumnKind::Text;
     bool sortable = false; ///< its caption is a link that sorts by it; needs a name of the table
+    int share = 0; ///< percent of the page's width; 0: as wide as what stands in it
 };
 
 /// A sheet to be filled in by hand has lines around its cells and high rows.
@@ -89,14 +91,14 @@ enum class TableLook { Plain, Sheet };
 
 struct ReportTable {
     QString name = {}; ///< tells the report's tables apart when they are sorted
-    std::vector<ReportColumn> columns = {};
+    std::vector<ReportColumn> columns = {}; ///< no row of captions when all are empty
     std::vector<ReportRow> rows = {};
     TableLook look = TableLook::Plain;
 };
 
 struct ReportPageBreak { };
 
-/// Lines to sign, side by side, each with a caption below it.
+/// Lines to sign or to write on, side by side, each with a caption below it, which may be empty.
 struct ReportSignatures {
     QStringList captions;
 };
@@ -106,10 +108,14 @@ using ReportItem
 
 enum class PaperSide { Portrait, Landscape };
 
+/// Where club and day stand on every printed page.
+enum class PaperEdge { Below, Above };
+
 struct Report {
     QString title; ///< of the window and the printed document
     std::vector<ReportItem> items = {};
     PaperSide paper = PaperSide::Portrait;
+    PaperEdge edge = PaperEdge::Below;
 };
 
 // Short ways to put a report together.

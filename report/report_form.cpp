@@ -4,6 +4,7 @@
 #include "app/program.h"
 #include "controls/fields.h"
 #include "data/dates.h"
+#include "report/report_browser_form.h"
 #include "report/report_html.h"
 #include "report/report_paper_form.h"
 #include "statement/print_dialog.h"
@@ -141,7 +142,7 @@ void OnReport(Program& program, const QString& kind, Sender* sender, Signal sign
 
 QTextBrowser* BuildText(Program& program, QWidget* window, const ReportKind& kind)
 {
-    auto* text = Named(new QTextBrowser(window), u"ReportText"_s);
+    auto* text = Named<QTextBrowser>(new ReportBrowser(window), u"ReportText"_s);
     text->setAccessibleName(kind.Caption);
     text->setOpenLinks(false);
     On(program, text, &QTextBrowser::anchorClicked,

@@ -2,6 +2,7 @@
 
 #include <QUrl>
 
+#include <algorithm>
 #include <cmath>
 
 using namespace Qt::StringLiterals;
@@ -9,7 +10,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int indent_pixels = 24;
-constexpr int full_bar_pixels = 120;
+constexpr int full_bar_pixels = 80;
 
 /// Blanks side by side and at the ends stay; control characters would be lost or break the text.
 QString Escaped(QString text)
@@ -55,13 +56,13 @@ QString Colour(RowTint tint)
     case RowTint::None:
         break;
     case RowTint::Good:
-        return u"rgba(80,170,80,70)"_s;
+        return u"#4650aa50"_s;
     case RowTint::Attention:
-        return u"rgba(242,193,46,80)"_s;
+        return u"#50f2c12e"_s;
     case RowTint::Bad:
-        return u"rgba(224,79,79,80)"_s;
+        return u"#50e04f4f"_s;
     case RowTint::Calm:
-        return u"rgba(128,128,128,50)"_s;
+        return u"#32808080"_s;
     }
     return {};
 }
@@ -89,11 +90,11 @@ QString ColourOf(BarLook look)
     case BarLook::Full:
         break;
     case BarLook::Pale:
-        return u"rgba(61,142,201,70)"_s;
+        return u"#463d8ec9"_s;
     case BarLook::Warning:
-        return u"rgba(224,79,79,160)"_s;
+        return u"#a0e04f4f"_s;
     }
-    return u"rgba(61,142,201,160)"_s;
+    return u"#a03d8ec9"_s;
 }
 
 QString HtmlOfBar(double length, BarLook look)
@@ -103,7 +104,7 @@ QString HtmlOfBar(double length, BarLook look)
     if (pixels == 0)
         return {};
     return u"<table cellspacing=\"0\" cellpadding=\"0\"><tr><td width=\"%1\" "
-           "style=\"background-color:%2\">&nbsp;</td></tr></table>"_s.arg(pixels)
+           "bgcolor=\"%2\"><span>&nbsp;</span></td></tr></table>"_s.arg(pixels)
                .arg(ColourOf(look));
 }
 
@@ -127,35 +128,61 @@ QString Alignment(const ReportColumn& column)
     return column.kind == ColumnKind::Number ? u" align=\"right\""_s : u" align=\"left\""_s;
 }
 
+QString WidthOf(const ReportColumn& column)
+{
+    return column.share > 0 ? u" width=\"%1%\""_s.arg(column.share) : QString();
+}
+
+/// The text stands in an element of its own: the tint of the cell would lie behind it a second
+/// time.
+QString HtmlOfCell(
+    const ReportColumn& column, const ReportCell& cell, const ReportRow& row, HtmlUse use)
+{
+    QStringList style { u"white-space:pre-wrap"_s };
+    if (cell.indent != Indent::None)
+        style += u"padding-left:%1px"_s.arg(static_cast<int>(cell.indent) * indent_pixels);
+    if (row.total)
+        style += u"font-weight:bold; border-top:1px solid gray"_s;
+    const QString tint
+        = row.tint == RowTint::None ? QString() : u" bgcolor=\"%1\""_s.arg(Colour(row.tint));
+    return u"<td"_s + Alignment(column) + WidthOf(column) + tint + u" style=\""_s
+        + style.join(u"; "_s) + u"\">"_s
+        + (cell.bar ? HtmlOfBar(*cell.bar, cell.bar_look) : QString()) + u"<span>"_s
+        + HtmlOf(cell.text, use) + u"</span></td>"_s;
+}
+
 QString HtmlOfRow(const ReportTable& table, const ReportRow& row, HtmlUse use)
 {
     QString html = u"<tr>"_s;
-    for (std::size_t i = 0; i < table.columns.size(); ++i) {
-        const ReportCell cell = i < row.cells.size() ? row.cells[i] : ReportCell {};
-        QStringList style { u"white-space:pre-wrap"_s };
-        if (row.tint != RowTint::None)
-            style += u"background-color:"_s + Colour(row.tint);
-        if (row.total)
-            style += u"font-weight:bold; border-top:1px solid gray"_s;
-        html += u"<td"_s + Alignment(table.columns[i]) + u" style=\""_s + style.join(u"; "_s)
-            + u"\">"_s;
-        html += (cell.bar ? HtmlOfBar(*cell.bar, cell.bar_look) : QString())
-            + HtmlOf(cell.text, use);
-        html += u"</td>"_s;
-    }
+    for (std::size_t i = 0; i < table.columns.size(); ++i)
+        html += HtmlOfCell(
+            table.columns[i], i < row.cells.size() ? row.cells[i] : ReportCell {}, row, use);
     return html + u"</tr>\n"_s;
+}
+
+/// The row of the captions stands again at the top of every printed page.
+QString HtmlOfCaptions(const ReportTable& table, const ReportChoices& choices, HtmlUse use)
+{
+    const bool no_captions = std::all_of(table.columns.begin(), table.columns.end(),
+        [](const ReportColumn& column) { return column.caption.isEmpty(); });
+    if (no_captions)
+        return {};
+    QString html = u"<thead><tr>"_s;
+    for (std::size_t i = 0; i < table.columns.size(); ++i)
+        html += u"<th"_s + Alignment(table.columns[i]) + WidthOf(table.columns[i]) + u'>'
+            + HtmlOfCaption(table, i, choices, use) + u"</th>"_s;
+    return html + u"</tr></thead>\n"_s;
 }
 
 void HtmlMaker::operator()(const ReportTable& table)
 {
+    const bool shared = std::any_of(table.columns.begin(), table.columns.end(),
+        [](const ReportColumn& column) { return column.share > 0; });
+    const QString width = shared ? u" width=\"100%\""_s : QString();
     html += table.look == TableLook::Sheet
         ? u"<table width=\"100%\" border=\"1\" cellspacing=\"0\" cellpadding=\"7\" style=\"border-collapse:collapse\">\n"_s
-        : u"<table cellspacing=\"0\" cellpadding=\"4\">\n"_s;
-    html += u"<thead><tr>"_s; // stands again at the top of every printed page
-    for (std::size_t i = 0; i < table.columns.size(); ++i)
-        html += u"<th"_s + Alignment(table.columns[i]) + u'>'
-            + HtmlOfCaption(table, i, choices, use) + u"</th>"_s;
-    html += u"</tr></thead>\n"_s;
+        : u"<table%1 cellspacing=\"0\" cellpadding=\"4\">\n"_s.arg(width);
+    html += HtmlOfCaptions(table, choices, use);
     for (const ReportRow& row : table.rows)
         html += HtmlOfRow(table, row, use);
     html += u"</table>\n"_s;
@@ -163,14 +190,19 @@ void HtmlMaker::operator()(const ReportTable& table)
 
 void HtmlMaker::operator()(const ReportPageBreak&)
 {
-    html += use == HtmlUse::Paper ? u"<p style=\"page-break-after:always\"></p>\n"_s : u"<hr>\n"_s;
+    html += use == HtmlUse::Paper ? u"<p style=\"page-break-after:always\">&nbsp;</p>\n"_s
+                                  : u"<hr>\n"_s;
 }
 
 void HtmlMaker::operator()(const ReportSignatures& signatures)
 {
-    html += u"<p>&nbsp;</p><p>&nbsp;</p><table width=\"100%\" cellspacing=\"24\"><tr>"_s;
+    const qsizetype count = std::max<qsizetype>(signatures.captions.size(), 1);
+    const bool to_sign = !signatures.captions.join(QString()).isEmpty();
+    html += to_sign ? u"<p>&nbsp;</p><p>&nbsp;</p>"_s : QString(); // room for a hand
+    html += u"<table width=\"100%\" cellspacing=\"24\"><tr>"_s;
     for (const QString& caption : signatures.captions)
-        html += u"<td style=\"border-top:1px solid gray\">"_s + Escaped(caption) + u"</td>"_s;
+        html += u"<td width=\"%1%\" style=\"border-top:1px solid gray\">"_s.arg(100 / count)
+            + Escaped(caption) + u"</td>"_s;
     html += u"</tr></table>\n"_s;
 }
 

@@ -8,7 +8,7 @@
 
 class QPrinter;
 
-/// What stands at the foot of a printed page beside the number.
+/// What stands below a printed page beside its number, or above it (Report::edge).
 struct PaperFoot {
     QString club;
     QString date;

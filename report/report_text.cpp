@@ -42,7 +42,8 @@ struct TextMaker {
         QStringList captions;
         for (const ReportColumn& column : table.columns)
             captions += OneLine(column.caption);
-        lines += captions.join(u'\t');
+        if (!captions.join(QString()).isEmpty())
+            lines += captions.join(u'\t');
         for (const ReportRow& row : table.rows) {
             QStringList cells;
             for (const ReportCell& cell : row.cells)

@@ -73,6 +73,24 @@ private Q_SLOTS:
         QVERIFY(HtmlOfReport(report, {}, HtmlUse::Screen).contains(u">a b c </p>"_s));
     }
 
+    void a_table_without_captions_has_no_row_for_them()
+    {
+        Report report;
+        ReportTable table;
+        table.columns = { {}, {} };
+        table.columns[0].share = 70;
+        ReportCell indented = TextCell(u"Porto"_s);
+        indented.indent = Indent::One;
+        table.rows.push_back({ { indented, TextCell(u"7,80 €"_s) } });
+        report.items.emplace_back(table);
+        const QString html = HtmlOfReport(report, {}, HtmlUse::Screen);
+        QVERIFY(!html.contains(u"<th"_s));
+        QVERIFY(html.contains(u"<table width=\"100%\""_s));
+        QVERIFY(html.contains(u"width=\"70%\""_s));
+        QVERIFY(html.contains(u"padding-left:24px"_s));
+        QCOMPARE(TextOfReport(report), u"Porto\t7,80 €\n"_s);
+    }
+
     void paper_has_no_links()
     {
         QVERIFY(HtmlOfReport(Sample(), {}, HtmlUse::Screen).contains(u"<a href"_s));
