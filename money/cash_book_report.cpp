@@ -20,6 +20,9 @@ ReportTable EmptyPage()
     table.columns = { NumberColumn(u"Nr."_s), TextColumn(u"Datum"_s), TextColumn(u"Vorgang"_s),
         NumberColumn(u"Einzahlung"_s), NumberColumn(u"Auszahlung"_s),
         NumberColumn(u"Kontostand"_s) };
+    const int shares[] { 6, 12, 40, 14, 14, 14 };
+    for (std::size_t i = 0; i < table.columns.size(); ++i)
+        table.columns[i].share = shares[i];
     return table;
 }
 
@@ -102,6 +105,7 @@ Report MakeCashBookReport(const MoneySource& source, const QString& bank_name, c
     const MoneyLedger& cash_box = *LedgerOfYear(source, Account::CashBox, source.Year);
     const QString title = u"Kassenbuch %1"_s.arg(source.Year);
     Report report { title };
+    report.edge = PaperEdge::Above;
     AddHeading(report, 1, title);
     if (const QString unsaved = UnsavedSentence(source.Unsaved); !unsaved.isEmpty())
         AddSentence(report, unsaved);

@@ -10,7 +10,7 @@
 /// How much of a page a report may fill: lines of table rows, and characters of a booking's text in
 /// one line.
 struct PageRoom {
-    int lines = 40;
+    int lines = 38;
     int characters = 46;
 };
 

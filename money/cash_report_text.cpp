@@ -8,6 +8,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+// Percent of the page's width.
+constexpr int text_share = 60;
+constexpr int amount_share = 20;
+constexpr int half = 50;
+
 const QString line_to_fill_in = u"____________"_s;
 
 /// Everything at hand while the report is made.
@@ -29,17 +34,27 @@ struct AccountWords {
 
 // --- one account -------------------------------------------------------------------------------
 
-/// Text, inner amount, outer amount; the blanks in front of a text show what belongs to what.
+/// Text, inner amount, outer amount.
 ReportTable AmountTable()
 {
     ReportTable table;
     table.columns = { TextColumn({}), NumberColumn({}), NumberColumn({}) };
+    table.columns[0].share = text_share;
+    table.columns[1].share = amount_share;
+    table.columns[2].share = amount_share;
     return table;
 }
 
-void AddOuter(ReportTable& table, const QString& text, Cents amount)
+ReportCell IndentedCell(Indent indent, const QString& text, const LinkTarget& target = {})
 {
-    table.rows.push_back({ { TextCell(text), {}, EuroCell(amount) } });
+    ReportCell cell = TextCell(text, target);
+    cell.indent = indent;
+    return cell;
+}
+
+void AddOuter(ReportTable& table, Indent indent, const QString& text, Cents amount)
+{
+    table.rows.push_back({ { IndentedCell(indent, text), {}, EuroCell(amount) } });
 }
 
 /// "Income/3": the kind whose bookings are shown.
@@ -52,20 +67,20 @@ void AddKinds(ReportTable& table, const AccountWords& words, const QString& side
     const std::vector<KindSum>& kinds, Cents sum)
 {
     table.rows.push_back(
-        { { TextCell(u"  "_s + side), kinds.empty() ? TextCell(u"keine"_s) : ReportCell {}, {} } });
+        { { TextCell(side), kinds.empty() ? TextCell(u"keine"_s) : ReportCell {}, {} } });
     for (std::size_t i = 0; i < kinds.size(); ++i) {
         const LinkTarget bookings = FilterLink(KindKey(words, side, i));
         table.rows.push_back(
-            { { TextCell(u"    "_s + kinds[i].name, bookings), EuroCell(kinds[i].sum), {} } });
+            { { IndentedCell(Indent::One, kinds[i].name, bookings), EuroCell(kinds[i].sum), {} } });
     }
     if (!kinds.empty())
-        AddOuter(table, u"    Summe der %1"_s.arg(side), sum);
+        AddOuter(table, Indent::One, u"Summe der %1"_s.arg(side), sum);
 }
 
 void AddTransferred(ReportTable& table, const QString& text, Cents amount)
 {
     if (amount != 0)
-        AddOuter(table, u"    "_s + text, amount);
+        AddOuter(table, Indent::One, text, amount);
 }
 
 /// The bookings of the kind that was clicked.
@@ -103,12 +118,12 @@ void AddAccount(Work& work, const AccountWords& words, const AccountReport& acco
     const QString expenses = u"Ausgaben"_s;
     AddHeading(work.report, 2, words.heading);
     ReportTable table = AmountTable();
-    AddOuter(table, u"  Anfangsbestand"_s, account.opening);
+    AddOuter(table, Indent::None, u"Anfangsbestand"_s, account.opening);
     AddKinds(table, words, income, account.income, account.income_sum);
     AddTransferred(table, words.transferred_in, account.transferred_in);
     AddKinds(table, words, expenses, account.expenses, account.expense_sum);
     AddTransferred(table, words.transferred_out, account.transferred_out);
-    AddOuter(table, u"  Endbestand"_s, account.closing);
+    AddOuter(table, Indent::None, u"Endbestand"_s, account.closing);
     table.rows.back().total = true;
     work.report.items.emplace_back(table);
     AddChosenBookings(work, words, income, account.income);
@@ -122,15 +137,14 @@ void AddBoth(Work& work)
     const AccountReport& bank = work.numbers.Bank;
     const AccountReport& cash_box = work.numbers.CashBox;
     AddHeading(work.report, 2, u"Konto und Handkasse zusammen"_s);
-    ReportTable table;
-    table.columns = { TextColumn({}), NumberColumn({}) };
+    ReportTable table = AmountTable();
     const auto add = [&table](const QString& text, Cents amount) {
-        table.rows.push_back({ { TextCell(text), EuroCell(amount) } });
+        AddOuter(table, Indent::None, text, amount);
     };
-    add(u"  Anfangsbestand"_s, bank.opening + cash_box.opening);
-    add(u"  + Einnahmen"_s, bank.income_sum + cash_box.income_sum);
-    add(u"  − Ausgaben"_s, bank.expense_sum + cash_box.expense_sum);
-    add(u"  = Endbestand"_s, bank.closing + cash_box.closing);
+    add(u"Anfangsbestand"_s, bank.opening + cash_box.opening);
+    add(u"+ Einnahmen"_s, bank.income_sum + cash_box.income_sum);
+    add(u"− Ausgaben"_s, bank.expense_sum + cash_box.expense_sum);
+    add(u"= Endbestand"_s, bank.closing + cash_box.closing);
     table.rows.back().total = true;
     work.report.items.emplace_back(table);
     AddSentence(work.report,
@@ -187,6 +201,8 @@ void AddBalances(Work& work)
     const Cents cash_box = work.numbers.CashBox.closing;
     ReportTable table;
     table.columns = { TextColumn({}), TextColumn({}) };
+    table.columns[0].share = half;
+    table.columns[1].share = half;
     const auto add = [&table](const QString& balance, const QString& checked) {
         table.rows.push_back({ { TextCell(balance), TextCell(checked) } });
     };
@@ -261,6 +277,7 @@ Report MakeCashReportText(
     const CashReport numbers = MakeCashReport(source);
     const OpenTotals totals = TotalsOf(FindOpenItems(source));
     Report report { u"Kassenbericht %1"_s.arg(source.Year) };
+    report.edge = PaperEdge::Above;
     Work work { source, numbers, context, choices, report };
     AddHead(work);
     const bool empty = LedgerOfYear(source, Account::Bank, source.Year)->bookings.empty()
