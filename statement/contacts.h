@@ -6,6 +6,8 @@
 
 #include <QString>
 
+#include <array>
+
 /// The five lines of a contact person, each exactly 20 characters wide; all empty when nobody was
 /// found.
 struct ContactPerson {
@@ -24,6 +26,10 @@ QString TwentyCharacters(const QString& text);
 /// A setting that is empty or lacks the comma finds nobody. Throws RuntimeError SubscriptOutOfRange
 /// at a record with fewer than five fields that the search comes by.
 ContactPerson FindContact(const QString& setting, const BillSource& source);
+
+/// Both contact persons of the bank settings, found in one pass through the list. Throws like
+/// FindContact, at the first short record that one of the two searches comes by.
+std::array<ContactPerson, 2> FindContacts(const BillSource& source);
 
 /// The town without postcode that begins the closing line: characters 7 to 20 of the town line
 /// without blanks at both ends; empty when nobody was found.

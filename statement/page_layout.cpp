@@ -126,8 +126,7 @@ void DrawContact(PageItems& page, const QString& number, int left, const Contact
 
 void DrawContactsAndClosing(PageItems& page, const BillSource& source)
 {
-    const ContactPerson first = FindContact(source.Bank.FirstContact, source);
-    const ContactPerson second = FindContact(source.Bank.SecondContact, source);
+    const auto [first, second] = FindContacts(source);
     DrawContact(page, u"1"_s, first_contact_left, first, u"   oder    "_s);
     DrawContact(page, u"2"_s, second_contact_left, second, {});
 

@@ -5,19 +5,64 @@
 
 namespace {
 
-void DrawAmounts(StatementState& statement)
+/// The bill of one member and what it was computed from. It depends on nothing else but the prices.
+struct BillInput {
+    const QString* record = nullptr;
+    const QString* previous = nullptr; ///< null: last year has no such line
+};
+
+BillInput InputOf(const MemberLists& lists, qsizetype member)
 {
-    statement.PageSelection.clear();
+    const bool paired = !lists.PreviousYearMissing && lists.PreviousYearRead
+        && member < lists.PreviousYearList.size();
+    return { &lists.RecordList[member], paired ? &lists.PreviousYearList[member] : nullptr };
+}
+
+bool SameInput(const BillInput& a, const BillInput& b)
+{
+    const bool paired = a.previous != nullptr;
+    return paired == (b.previous != nullptr) && *a.record == *b.record
+        && (!paired || *a.previous == *b.previous);
+}
+
+bool SameYearBefore(const MemberLists& a, const MemberLists& b)
+{
+    return a.PreviousYearMissing == b.PreviousYearMissing
+        && a.PreviousYearRead == b.PreviousYearRead;
+}
+
+/// What the drawing before left: its bills whose input is still the same need not be computed
+/// again.
+struct EarlierDrawing {
+    BillSource source;
+    QStringList totals;
+    bool same_prices = false;
+
+    /// True when that member's bill was finished and would come out the same.
+    bool Holds(const MemberLists& lists, qsizetype member) const
+    {
+        return same_prices && member < totals.size()
+            && SameInput(InputOf(source.Members, member), InputOf(lists, member));
+    }
+};
+
+/// Throws where a bill stops; those before it are finished.
+void DrawAmounts(
+    StatementState& statement, const PriceNumbers& prices, const EarlierDrawing& earlier)
+{
     const BillSource& source = statement.Source;
-    const PriceNumbers prices = ReadPriceNumbers(source.Prices);
-    for (qsizetype member = 0; member < source.Members.RecordList.size(); ++member) {
-        const AnnualStatement bill = ComputeStatement(source, prices, member);
+    statement.DrawnTotals.reserve(PageCount(statement));
+    for (qsizetype member = 0; member < PageCount(statement); ++member) {
         statement.MemberPages = member + 1;
-        if (bill.stopped)
-            throw RuntimeError { *bill.stopped };
+        if (earlier.Holds(source.Members, member)) {
+            statement.DrawnTotals += earlier.totals[member];
+        } else {
+            const AnnualStatement bill = ComputeStatement(source, prices, member);
+            if (bill.stopped)
+                throw RuntimeError { *bill.stopped };
+            statement.DrawnTotals += TotalText(*bill.total);
+        }
         statement.FinishedPages = member + 1;
-        statement.LastGrandTotal = *bill.total;
-        statement.StatementTotals += TotalText(*bill.total);
     }
 }
 
@@ -31,23 +76,56 @@ void DrawFixed(StatementState& statement)
     statement.FixedPages = PageCount(statement);
 }
 
-} // namespace
-
-void DrawAllPages(StatementState& statement, const BillSource& source)
+void ClearPages(StatementState& statement)
 {
-    statement.Source = source;
     statement.FixedContents.clear();
     statement.FixedPages = 0;
     statement.MemberPages = 0;
     statement.FinishedPages = 0;
+    statement.DrawnTotals.clear();
     statement.Stopped.reset();
+}
+
+void DrawAnew(StatementState& statement, const BillSource& source)
+{
+    const EarlierDrawing earlier { statement.Source, statement.DrawnTotals,
+        statement.Source.Prices == source.Prices
+            && SameYearBefore(statement.Source.Members, source.Members) };
+    ClearPages(statement);
+    statement.Source = source;
+    statement.Drawn = true;
+    const PriceNumbers prices = ReadPriceNumbers(source.Prices);
     try {
         DrawFixed(statement);
-        DrawAmounts(statement);
+        DrawAmounts(statement, prices, earlier);
     } catch (const RuntimeError& error) {
         statement.Stopped = error; // the pages say so as long as they stand
-        throw;
     }
+    if (statement.FinishedPages > 0)
+        statement.LastGrandTotal
+            = *ComputeStatement(source, prices, statement.FinishedPages - 1).total;
+}
+
+/// True when bills made of these two are the same in every text.
+bool SameBills(const BillSource& a, const BillSource& b)
+{
+    return a.ClubName == b.ClubName && a.YearText == b.YearText && a.LoadedYear == b.LoadedYear
+        && a.Today == b.Today && a.Prices == b.Prices && a.Bank == b.Bank
+        && SameYearBefore(a.Members, b.Members) && a.Members.RecordList == b.Members.RecordList
+        && a.Members.PreviousYearList == b.Members.PreviousYearList;
+}
+
+} // namespace
+
+void DrawAllPages(StatementState& statement, const BillSource& source)
+{
+    if (!statement.Drawn || !SameBills(statement.Source, source))
+        DrawAnew(statement, source);
+    if (!statement.Stopped || statement.MemberPages > 0)
+        statement.PageSelection.clear(); // the amounts were reached
+    statement.StatementTotals += statement.DrawnTotals;
+    if (statement.Stopped)
+        throw RuntimeError { *statement.Stopped };
 }
 
 qsizetype PageCount(const StatementState& statement)

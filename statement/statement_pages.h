@@ -9,7 +9,9 @@
 /// Draws every page anew: the fixed contents of all pages, then all amounts. Appends each finished
 /// bill's total to the totals list, which the caller clears before. Throws RuntimeError where the
 /// drawing stops: pages finished by then stay complete, the one in hand shows what it had, later
-/// ones keep the fixed contents alone.
+/// ones keep the fixed contents alone. The routines that load and save ask for several drawings in
+/// a row: what is made of the same lists, prices and day comes out the same and is not computed
+/// twice.
 void DrawAllPages(StatementState& statement, const BillSource& source);
 
 /// The number of pages that were drawn last, one for each member.

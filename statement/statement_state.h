@@ -19,6 +19,8 @@ struct StatementState {
                                ///< last one an unfinished part when the drawing stopped there
     qsizetype FinishedPages = 0; ///< so many pages, from the first on, have all their amounts
     std::optional<RuntimeError> Stopped; ///< why there are fewer of them than pages
+    bool Drawn = false; ///< the pages were drawn once
+    QStringList DrawnTotals; ///< the totals of the last drawing
     QStringList StatementTotals; ///< List7: total of each drawn member as text of a single
     float LastGrandTotal = 0.0F; ///< single precision
     QString PageSelection; ///< flags joined with ";"; always empty when printing starts

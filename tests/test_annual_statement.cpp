@@ -6,12 +6,25 @@
 
 #include <QTest>
 
+#include <functional>
+
 using namespace Qt::StringLiterals;
 
 namespace {
 
 const QString whole = u"Meier2;Anna;Gartenweg 3;01234 Musterdorf;030;4;300;1;1,00;2,00;3,00;4,50;"_s
     + u"1200;1450;30;42"_s;
+
+/// What the drawing threw, as its box would say it; empty when it came to its end.
+QString ErrorOfDrawing(StatementState& statement, const BillSource& source)
+{
+    try {
+        DrawAllPages(statement, source);
+    } catch (const RuntimeError& error) {
+        return ErrorSentence(error);
+    }
+    return {};
+}
 
 } // namespace
 
@@ -26,6 +39,8 @@ private Q_SLOTS:
     void members_behind_the_stop_can_be_computed_all_the_same();
     void the_bills_of_the_drawn_pages_are_those_of_the_totals_list();
     void pages_stay_as_they_were_drawn_when_the_lists_change();
+    void a_drawing_after_another_is_as_if_it_were_the_first_data();
+    void a_drawing_after_another_is_as_if_it_were_the_first();
 };
 
 void TestAnnualStatement::every_row_is_there_as_numbers()
@@ -137,6 +152,61 @@ void TestAnnualStatement::pages_stay_as_they_were_drawn_when_the_lists_change()
     QCOMPARE(TextRows(statement, 0), before);
     DrawAllPages(statement, source);
     QVERIFY(TextRows(statement, 0) != before);
+}
+
+using Change = std::function<void(BillSource&)>;
+
+void TestAnnualStatement::a_drawing_after_another_is_as_if_it_were_the_first_data()
+{
+    QTest::addColumn<Change>("change");
+    const auto row = [](const char* name, const Change& change) { QTest::newRow(name) << change; };
+    row("nothing", [](BillSource&) {});
+    row("one record", [](BillSource& s) { s.Members.RecordList[1].replace(u"1450"_s, u"9"_s); });
+    row("one record is bad", [](BillSource& s) { s.Members.RecordList[1] = u"zu;kurz"_s; });
+    row("the last record is bad", [](BillSource& s) { s.Members.RecordList[2] = u"x"_s; });
+    row("a member goes", [](BillSource& s) { s.Members.RecordList.removeAt(0); });
+    row("a member comes", [](BillSource& s) { s.Members.RecordList += whole; });
+    row("nobody is left", [](BillSource& s) { s.Members.RecordList.clear(); });
+    row("a line of last year", [](BillSource& s) { s.Members.PreviousYearList[0] = u";;;"_s; });
+    row("last year is shorter", [](BillSource& s) { s.Members.PreviousYearList.removeLast(); });
+    row("last year is gone", [](BillSource& s) { s.Members.PreviousYearMissing = true; });
+    row("a price", [](BillSource& s) { s.Prices.Lease = u"1,23"_s; });
+    row("a price that is none", [](BillSource& s) { s.Prices.Lease = u"x"_s; });
+    row("a tick", [](BillSource& s) { s.Prices.WaterPrepayment = 1; });
+    row("the deadline", [](BillSource& s) { s.Prices.PaymentDeadline = u"01.02.2016"_s; });
+    row("the bank", [](BillSource& s) { s.Bank.Iban = u"DE00"_s; });
+    row("a contact", [](BillSource& s) { s.Bank.FirstContact = u"Meier2,Anna"_s; });
+    row("the club", [](BillSource& s) { s.ClubName = u"Anders"_s; });
+    row("the year", [](BillSource& s) { s.YearText = u"2015"_s; });
+    row("the loaded year", [](BillSource& s) { s.LoadedYear = u"2015"_s; });
+    row("the day", [](BillSource& s) { s.Today = s.Today.addDays(1); });
+}
+
+void TestAnnualStatement::a_drawing_after_another_is_as_if_it_were_the_first()
+{
+    QFETCH(Change, change);
+    BillSource source = OneMember(whole, whole);
+    source.Members.RecordList += { whole, whole };
+    source.Members.PreviousYearList += { whole, whole };
+    StatementState again;
+    DrawAllPages(again, source);
+    again.StatementTotals.clear();
+    again.PageSelection = u"1;0"_s;
+    change(source);
+    StatementState first;
+    first.LastGrandTotal = again.LastGrandTotal; // stays when nothing is finished
+    const QString expected = ErrorOfDrawing(first, source);
+    for (int drawing = 0; drawing < 2; ++drawing) {
+        again.StatementTotals.clear();
+        QCOMPARE(ErrorOfDrawing(again, source), expected);
+        QCOMPARE(again.StatementTotals, first.StatementTotals);
+        QCOMPARE(again.LastGrandTotal, first.LastGrandTotal);
+        QCOMPARE(again.PageSelection, QString());
+        QCOMPARE(again.FinishedPages, first.FinishedPages);
+        QCOMPARE(PageCount(again), PageCount(first));
+        for (qsizetype page = 0; page < PageCount(first); ++page)
+            QCOMPARE(TextRows(again, page), TextRows(first, page));
+    }
 }
 
 QTEST_GUILESS_MAIN(TestAnnualStatement)
