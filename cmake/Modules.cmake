@@ -38,29 +38,63 @@ if(PARZELLO_FUZZ)
     target_link_options(parzello_flags INTERFACE -fsanitize=address,undefined)
 endif()
 
+# Qt's headers, compiled once for all that read them: QtCore in data/, Qt Widgets in controls/. Plain
+# files get the first alone, so that a widget's header is no nearer to them than before.
+function(parzello_use_plain_headers name)
+    if(name STREQUAL data)
+        target_precompile_headers(data PRIVATE <QtCore>)
+    else()
+        target_precompile_headers(${name} REUSE_FROM data)
+    endif()
+endfunction()
+function(parzello_use_widget_headers name)
+    if(name STREQUAL controls)
+        target_precompile_headers(controls PRIVATE <QtWidgets>)
+    else()
+        target_precompile_headers(${name} REUSE_FROM controls)
+    endif()
+endfunction()
+
 # A library of plain files: structs and free routines that know QtCore and cannot show a window.
 function(parzello_plain_library name)
     cmake_parse_arguments(arg "" "" "SOURCES;KNOWS" ${ARGN})
     add_library(${name} STATIC ${arg_SOURCES})
     target_link_libraries(${name} PUBLIC parzello_flags Qt6::Core ${arg_KNOWS})
+    parzello_use_plain_headers(${name})
 endfunction()
 
-# One test program for one test file (Qt Test, no window system needed).
-function(parzello_test name)
-    cmake_parse_arguments(arg "" "" "LIBRARIES" ${ARGN})
-    add_executable(${name} ${name}.cpp)
-    set_target_properties(${name} PROPERTIES AUTOMOC ON)
-    target_link_libraries(${name} PRIVATE test_support ${arg_LIBRARIES} Qt6::Test)
-    # Only a test that reads fixtures is told their place: the others compile alike in every
-    # checkout, so that a compiler cache serves them all.
-    file(READ ${CMAKE_CURRENT_SOURCE_DIR}/${name}.cpp source)
-    if(source MATCHES "PARZELLO_FIXTURES")
-        target_compile_definitions(${name} PRIVATE
-            PARZELLO_FIXTURES="${PROJECT_SOURCE_DIR}/tests/fixtures")
-    endif()
-    add_test(NAME ${name} COMMAND ${name})
-    set_tests_properties(${name} PROPERTIES
-        ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8;TZ=UTC" TIMEOUT 300)
+# Qt tells every test its own folders. None asks, and the telling would make each test folder a
+# compilation of its own, without the headers compiled before.
+set_target_properties(Qt6::Test PROPERTIES INTERFACE_COMPILE_DEFINITIONS QT_TESTLIB_LIB)
+
+# One test program from the given test files; each file is a test of its own for ctest, in a process of
+# its own. The runner says what the program may use: plain_test_runner QtCore alone (no window system
+# needed), form_test_runner Qt Widgets.
+function(parzello_tests program)
+    cmake_parse_arguments(arg "" "RUNNER" "LIBRARIES;FILES" ${ARGN})
+    list(TRANSFORM arg_FILES APPEND .cpp OUTPUT_VARIABLE sources)
+    add_executable(${program} ${sources})
+    set_target_properties(${program} PROPERTIES AUTOMOC ON)
+    target_link_libraries(${program} PRIVATE test_support ${arg_LIBRARIES} ${arg_RUNNER})
+    target_precompile_headers(${program} REUSE_FROM ${arg_RUNNER})
+    foreach(file ${arg_FILES})
+        # Only a test that reads fixtures is told their place: the others compile alike in every
+        # checkout, so that a compiler cache serves them all.
+        file(READ ${CMAKE_CURRENT_SOURCE_DIR}/${file}.cpp source)
+        if(source MATCHES "PARZELLO_FIXTURES")
+            set_property(SOURCE ${file}.cpp APPEND PROPERTY
+                COMPILE_DEFINITIONS PARZELLO_FIXTURES="${PROJECT_SOURCE_DIR}/tests/fixtures")
+        endif()
+        parzello_add_test(${file} ${program} ${file})
+    endforeach()
+endfunction()
+
+# The tests of one file as a test of ctest; settings are those of the environment, in place of or
+# besides the usual ones (LC_ALL=tr_TR.UTF-8).
+function(parzello_add_test name program file)
+    add_test(NAME ${name} COMMAND ${program} ${file})
+    set_tests_properties(${name} PROPERTIES TIMEOUT 300
+        ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8;TZ=UTC;${ARGN}")
 endfunction()
 
 # Everything that shows a window. One library: forms reach each other's routines through

@@ -2,6 +2,7 @@
 #include "money/cash_report.h"
 
 #include "money/booking_kinds.h"
+#include "tests/support/test_file.h"
 
 #include <QRandomGenerator>
 #include <QtTest>
@@ -271,5 +272,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestCashReport)
+const TestFile<TestCashReport> test_file(__FILE__);
 #include "test_cash_report.moc"

@@ -2,6 +2,7 @@
 #include "money/cents.h"
 
 #include "data/german_numbers.h"
+#include "tests/support/test_file.h"
 
 #include <QRandomGenerator>
 #include <QtTest>
@@ -123,5 +124,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestCents)
+const TestFile<TestCents> test_file(__FILE__);
 #include "test_cents.moc"

@@ -4,6 +4,7 @@
 #include "money/purpose_text.h"
 
 #include "data/records.h"
+#include "tests/support/test_file.h"
 
 #include <QRandomGenerator>
 #include <QRegularExpression>
@@ -359,5 +360,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestFolding)
+const TestFile<TestFolding> test_file(__FILE__);
 #include "test_folding.moc"

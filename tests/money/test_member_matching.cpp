@@ -4,6 +4,7 @@
 
 #include "data/dates.h"
 #include "data/records.h"
+#include "tests/support/test_file.h"
 
 #include <QtTest>
 
@@ -250,5 +251,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestMemberMatching)
+const TestFile<TestMemberMatching> test_file(__FILE__);
 #include "test_member_matching.moc"

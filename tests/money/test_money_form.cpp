@@ -4,6 +4,7 @@
 
 #include "report/report_text.h"
 #include "tests/support/club.h"
+#include "tests/support/test_file.h"
 
 #include <QAction>
 #include <QDir>
@@ -322,5 +323,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(TestMoneyForm)
+const TestFile<TestMoneyForm> test_file(__FILE__);
 #include "test_money_form.moc"

@@ -5,6 +5,7 @@
 #include "money/open_items_report.h"
 #include "money/years_report.h"
 #include "report/report_text.h"
+#include "tests/support/test_file.h"
 
 #include <QtTest>
 
@@ -347,5 +348,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestMoneyReports)
+const TestFile<TestMoneyReports> test_file(__FILE__);
 #include "test_money_reports.moc"

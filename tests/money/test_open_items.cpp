@@ -2,6 +2,7 @@
 #include "money/open_items.h"
 
 #include "data/dates.h"
+#include "tests/support/test_file.h"
 
 #include <QtTest>
 
@@ -211,5 +212,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestOpenItems)
+const TestFile<TestOpenItems> test_file(__FILE__);
 #include "test_open_items.moc"

@@ -3,6 +3,7 @@
 
 #include "statement/statement_pages.h"
 #include "tests/support/data_folders.h"
+#include "tests/support/test_file.h"
 
 #include <QtTest>
 
@@ -208,5 +209,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestYears)
+const TestFile<TestYears> test_file(__FILE__);
 #include "test_years.moc"

@@ -1,6 +1,7 @@
 // The button "Mehr" beside the tabs: its menu, its keys, its words.
 #include "app/more.h"
 #include "tests/support/club.h"
+#include "tests/support/test_file.h"
 
 #include <QAction>
 #include <QMainWindow>
@@ -125,5 +126,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(TestMore)
+const TestFile<TestMore> test_file(__FILE__);
 #include "test_more.moc"

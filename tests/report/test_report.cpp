@@ -3,6 +3,7 @@
 #include "report/report_choices.h"
 #include "report/report_html.h"
 #include "report/report_text.h"
+#include "tests/support/test_file.h"
 
 #include <QtTest>
 
@@ -155,5 +156,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestReport)
+const TestFile<TestReport> test_file(__FILE__);
 #include "test_report.moc"

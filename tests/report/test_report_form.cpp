@@ -3,6 +3,7 @@
 #include "cashbook/ledger_view_form.h"
 #include "report/report_form.h"
 #include "tests/support/club.h"
+#include "tests/support/test_file.h"
 
 #include <QLineEdit>
 #include <QMainWindow>
@@ -337,5 +338,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(TestReportForm)
+const TestFile<TestReportForm> test_file(__FILE__);
 #include "test_report_form.moc"

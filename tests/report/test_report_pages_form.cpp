@@ -3,6 +3,7 @@
 #include "report/report_browser_form.h"
 #include "report/report_html.h"
 #include "report/report_pages_form.h"
+#include "tests/support/test_file.h"
 
 #include <QAbstractTextDocumentLayout>
 #include <QMimeData>
@@ -200,5 +201,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(TestReportPagesForm)
+const TestFile<TestReportPagesForm> test_file(__FILE__);
 #include "test_report_pages_form.moc"

@@ -172,7 +172,7 @@ QVector<QStringList> ExpectedTextRows(const ExampleYear& example)
     QVector<QStringList> pages(example.Members);
     for (const QString& line : TableLines(example.Tables + u"/bills.tsv"_s)) {
         const qsizetype tab = line.indexOf(u'\t');
-        pages[line.left(tab).toInt()] += TextCell(line.mid(tab + 1));
+        pages[line.left(tab).toInt()] += CellText(line.mid(tab + 1));
     }
     return pages;
 }

@@ -23,7 +23,7 @@ QVector<TableRow> ReadTable(const QString& path)
     return rows;
 }
 
-QString TextCell(const QString& cell)
+QString CellText(const QString& cell)
 {
     QString text;
     for (qsizetype i = 0; i < cell.size(); ++i) {
@@ -49,7 +49,7 @@ QString TextCell(const QString& cell)
     return text;
 }
 
-QByteArray ByteCell(const QString& cell) { return TextCell(cell).toLatin1(); }
+QByteArray ByteCell(const QString& cell) { return CellText(cell).toLatin1(); }
 
 QStringList AcceptedCells(const TableRow& row, const QString& column)
 {

@@ -14,7 +14,7 @@ using TableRow = QHash<QString, QString>;
 QVector<TableRow> ReadTable(const QString& path);
 
 /// A text cell: "\\" "\t" "\r" "\n" "\xHH" and "\uXXXX" become their characters.
-QString TextCell(const QString& cell);
+QString CellText(const QString& cell);
 
 /// A byte cell: "\xHH" and the short escapes become bytes, everything else is Latin-1.
 QByteArray ByteCell(const QString& cell);

@@ -1,7 +1,0 @@
-# Tests of settings/.
-parzello_test(test_ini_file LIBRARIES settings)
-parzello_test(test_price_settings LIBRARIES settings)
-parzello_test(test_bank_settings LIBRARIES settings)
-parzello_test(test_settings_form LIBRARIES form_test_support)
-parzello_test(test_settings_loading_form LIBRARIES form_test_support)
-parzello_test(test_settings_saving_form LIBRARIES form_test_support)
