@@ -47,6 +47,12 @@ private Q_SLOTS:
     void the_cash_box_has_its_own_bookings();
     void leaving_the_tab_saves_both_accounts_on_yes();
 
+    // tour_money.cpp
+    void the_open_items_name_who_still_has_to_pay();
+    void the_cash_report_is_made_for_the_auditors();
+    void the_cash_book_lists_every_booking();
+    void the_years_stand_side_by_side();
+
     // tour_backup.cpp
     void the_data_are_saved_on_the_stick();
     void a_damaged_file_comes_back_from_the_stick();
@@ -85,6 +91,9 @@ private:
     /// Types a booking into the entry fields, key by key as the treasurer does it, "OK" included.
     void Book(const QString& date, const QString& text, const QString& deposit,
         const QString& withdrawal);
+
+    /// Opens a report by "Mehr" and the underlined letter of its entry.
+    OpenedReport& OpenByMore(Qt::Key letter, const QString& kind);
 
     QString StickPath() const { return Folder.filePath(QStringLiteral("Stick")); }
 
