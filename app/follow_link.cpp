@@ -115,8 +115,9 @@ bool MemberFormDiffers(const Program& program)
 {
     const QStringList stored
         = SplitRecord(program.Members.RecordList.value(program.Member.CurrentMember));
+    const MemberRecord typed = TypedRecord(program.MembersTab);
     for (int field = 0; field < MemberFieldCount; ++field) {
-        if (ControlOfField(program.MembersTab, field)->text() != FieldOrEmpty(stored, field))
+        if (typed[field] != FieldOrEmpty(stored, field))
             return true;
     }
     return false;

@@ -66,6 +66,7 @@ void BuildMore(Program& program)
     tabs->setCornerWidget(form.More, Qt::TopRightCorner);
     form.More->show(); // a corner widget of a shown row stays hidden otherwise
     On(program, form.More, &QPushButton::clicked, OpenMenu);
+    program.Reports.AfterRedraw = AnnounceErrors;
     auto* key = new QShortcut(QKeySequence(Qt::Key_F10), program.Window.Window);
     On(program, key, &QShortcut::activated, OpenMenu);
 }

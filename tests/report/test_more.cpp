@@ -46,7 +46,8 @@ private Q_SLOTS:
 
     void it_says_what_it_is_for()
     {
-        const Shown club;
+        TestClub club;
+        club.Start({ 2017, 11, 20 }); // without members nothing is wrong
         const auto* more = club.Control<QPushButton>("More");
         QCOMPARE(more->text(), u"Mehr"_s);
         QCOMPARE(more->accessibleName(), u"Mehr Werkzeuge"_s);

@@ -1,0 +1,309 @@
+// The members' own data: entered twice, names that are not printed or found, gaps in the address.
+#include "check/rules.h"
+#include "data/german_numbers.h"
+
+#include <QMap>
+#include <QSet>
+
+#include <algorithm>
+#include <cmath>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr double far_apart = 3.0; // times
+constexpr double square_metres_apart = 50.0;
+constexpr double euros_apart = 20.0;
+
+using Places = std::vector<qsizetype>;
+
+QString Trimmed(const CheckMember& member, int field) { return FieldOf(member, field).trimmed(); }
+
+QString TrimmedName(const CheckMember& member)
+{
+    return Trimmed(member, Surname) + u';' + Trimmed(member, FirstName);
+}
+
+/// "Plätze 1, 3 und 5"
+QString PlacesText(const Places& places)
+{
+    QString text = u"Plätze "_s;
+    for (std::size_t i = 0; i < places.size(); ++i) {
+        if (i > 0)
+            text += i + 1 < places.size() ? u", "_s : u" und "_s;
+        text += QString::number(places[i] + 1);
+    }
+    return text;
+}
+
+QString NamesText(const CheckData& data, const Places& places)
+{
+    QStringList names;
+    for (const qsizetype place : places)
+        names += DisplayName(data.Members[static_cast<std::size_t>(place)], place);
+    const QString last = names.takeLast();
+    return names.join(u", "_s) + u" und "_s + last;
+}
+
+/// The places of each key that is not empty, in the order of their first places.
+template <typename KeyOf>
+std::vector<std::pair<QString, Places>> Grouped(const CheckData& data, KeyOf key_of)
+{
+    std::vector<std::pair<QString, Places>> groups;
+    QHash<QString, std::size_t> known;
+    known.reserve(static_cast<qsizetype>(data.Members.size()));
+    for (std::size_t k = 0; k < data.Members.size(); ++k) {
+        const QString key = data.Members[k].Whole ? key_of(data.Members[k]) : QString();
+        if (key.isEmpty())
+            continue;
+        const auto group = known.constFind(key);
+        if (group == known.cend()) {
+            known.insert(key, groups.size());
+            groups.push_back({ key, { static_cast<qsizetype>(k) } });
+        } else {
+            groups[*group].second.push_back(static_cast<qsizetype>(k));
+        }
+    }
+    return groups;
+}
+
+void CheckTwice(const CheckData& data, Findings& findings)
+{
+    const auto key = [](const CheckMember& member) {
+        const QString name = TrimmedName(member);
+        return name == u";"_s ? QString() : name + u';' + Trimmed(member, PlotNumber);
+    };
+    for (const auto& [name, places] : Grouped(data, key)) {
+        if (places.size() < 2)
+            continue;
+        const CheckMember& first = data.Members[static_cast<std::size_t>(places.front())];
+        const QString garden = Trimmed(first, PlotNumber);
+        const Finding finding { u"C10a"_s, Level::Error,
+            u"Doppelt eingetragen, es gibt zwei Abrechnungen:"_s,
+            u"Löschen Sie den hinteren Eintrag, wenn er nur ein Versehen ist; steht er auch in der "
+            "Liste von %1, dann dort ebenso."_s.arg(data.LastYear) };
+        AddTo(findings, finding,
+            { PlacesText(places) + u", "_s + DisplayName(first, places.front())
+                    + (garden.isEmpty() ? QString() : u", Garten "_s + garden),
+                MemberTarget(places[1], Surname) });
+    }
+}
+
+void CheckSharedGardens(const CheckData& data, Findings& findings)
+{
+    const auto key = [](const CheckMember& member) { return Trimmed(member, PlotNumber); };
+    for (const auto& [garden, places] : Grouped(data, key)) {
+        if (places.size() < 2)
+            continue;
+        QSet<QString> names;
+        for (const qsizetype place : places)
+            names.insert(TrimmedName(data.Members[static_cast<std::size_t>(place)]));
+        if (names.size() < 2)
+            continue;
+        const Finding finding { u"C10b"_s, Level::Warning,
+            u"Garten %1 steht bei mehreren Mitgliedern und wird mehrfach abgerechnet:"_s.arg(
+                garden),
+            u"Berichtigen Sie die Gartennummer, oder lassen Sie sie beim zweiten leer, wenn beide "
+            "sich den Garten teilen und nur einer zahlt."_s };
+        AddTo(findings, finding,
+            { PlacesText(places) + u", "_s + NamesText(data, places),
+                MemberTarget(places[1], PlotNumber) });
+    }
+}
+
+// --- names ------------------------------------------------------------------------------------
+
+QString PrintedName(const CheckMember& member, const QString& surname)
+{
+    return Quoted(FieldOf(member, FirstName) + u' ' + surname);
+}
+
+bool EndsInOtherDigit(const QString& surname)
+{
+    const QChar last = surname.isEmpty() ? QChar() : surname.back();
+    return last >= u'0' && last <= u'9' && last != u'2';
+}
+
+bool HasBlankAround(const QString& text)
+{
+    return !text.isEmpty() && (text.front().isSpace() || text.back().isSpace());
+}
+
+void CheckName(
+    const CheckData& data, Findings& findings, qsizetype k, const QSet<QString>& surnames)
+{
+    const CheckMember& member = data.Members[static_cast<std::size_t>(k)];
+    const QString& surname = member.Fields.at(Surname);
+    const QString& first = member.Fields.at(FirstName);
+    const auto add
+        = [&](const QString& id, Level level, const QString& sentence, const QString& remedy) {
+              AddTo(findings, { id, level, sentence, remedy }, MemberRow(data, k, Surname));
+          };
+    const QString correct = u"Berichtigen Sie den Namen und drücken Sie „Speichern“."_s;
+    if (EndsInOtherDigit(surname))
+        add(u"C11a"_s, Level::Warning,
+            u"Gedruckt wird %1 mit der Ziffer; nur eine 2 am Ende wird weggelassen."_s.arg(
+                PrintedName(member, surname)),
+            u"Lassen Sie die Ziffer weg; der Vorname unterscheidet genug."_s);
+    if (surname.contains(u',') || first.contains(u','))
+        add(u"C11b"_s, Level::Warning,
+            u"Ein Komma im Namen: Als Ansprechpartner und in der Kontoführung wird das Mitglied "
+            "nicht gefunden."_s,
+            correct);
+    if (TrimmedName(member) == u";"_s)
+        add(u"C11c"_s, Level::Warning, u"Der Name fehlt."_s, correct);
+    else if (HasBlankAround(surname) || HasBlankAround(first))
+        add(u"C11c"_s, Level::Warning, u"Leerzeichen vor oder hinter dem Namen."_s, correct);
+    if (surname.size() > 1 && surname.endsWith(u'2') && !surnames.contains(surname.chopped(1)))
+        add(u"C11d"_s, Level::Hint,
+            u"Gedruckt wird %1, ein Mitglied %2 gibt es aber nicht."_s.arg(
+                PrintedName(member, surname.chopped(1)), Quoted(surname.chopped(1))),
+            u"Lassen Sie die 2 weg, wenn sie nicht mehr gebraucht wird."_s);
+}
+
+// --- gaps -------------------------------------------------------------------------------------
+
+const QString fill_field = u"Ergänzen Sie das Feld und drücken Sie „Speichern“."_s;
+
+bool ChargesPlots(const PriceSettings& prices)
+{
+    return !IsEmptyOrZero(prices.Lease) || !IsEmptyOrZero(prices.PropertyTax)
+        || !IsEmptyOrZero(prices.AreaContribution);
+}
+
+bool IsOneToThree(const QString& text)
+{
+    if (text == u"1"_s || text == u"2"_s || text == u"3"_s)
+        return true;
+    const ParsedDouble number = ParseDouble(text);
+    return number.outcome == NumberOutcome::Ok
+        && (number.value == 1.0 || number.value == 2.0 || number.value == 3.0);
+}
+
+void CheckPlot(const CheckData& data, Findings& findings, qsizetype k, bool charged)
+{
+    const CheckMember& member = data.Members[static_cast<std::size_t>(k)];
+    const QString& garden = member.Fields.at(PlotNumber);
+    const QString& size = member.Fields.at(PlotSize);
+    if (!garden.trimmed().isEmpty() && charged && IsEmptyOrZero(size))
+        AddTo(findings,
+            { u"C12a"_s, Level::Warning,
+                u"Garten %1 hat keine Größe und zahlt weder Pacht noch Steuer noch "
+                "Flächenbeitrag."_s.arg(garden.trimmed()),
+                fill_field },
+            MemberRow(data, k, PlotSize));
+    if (garden.trimmed().isEmpty() && !IsEmptyOrZero(size))
+        AddTo(findings, { u"C12b"_s, Level::Hint, u"Die Gartennummer fehlt."_s, fill_field },
+            MemberRow(data, k, PlotNumber));
+}
+
+void CheckAddress(const CheckData& data, Findings& findings, qsizetype k)
+{
+    const CheckMember& member = data.Members[static_cast<std::size_t>(k)];
+    const std::pair<int, QString> lines[] { { Street, u"Straße"_s }, { Town, u"Ort"_s } };
+    for (const auto& [field, caption] : lines) {
+        if (member.Fields.at(field).trimmed().isEmpty())
+            AddTo(findings,
+                { u"C12c"_s, Level::Hint, caption + u" fehlt im Anschriftenfeld der Abrechnung."_s,
+                    fill_field },
+                MemberRow(data, k, field));
+    }
+    const QString& instalments = member.Fields.at(Instalments);
+    if (!instalments.isEmpty() && !IsOneToThree(instalments))
+        AddTo(findings,
+            { u"C12d"_s, Level::Hint,
+                u"Ratenzahlung %1; auf der Abrechnung steht immer „3 Monatsratenzahlung“."_s.arg(
+                    Quoted(instalments)),
+                fill_field },
+            MemberRow(data, k, Instalments));
+}
+
+// --- jumps ------------------------------------------------------------------------------------
+
+/// Both above zero, more than three times or less than a third, and that much apart.
+bool FarApart(const QString& now, const QString& before, double apart)
+{
+    if (now == before)
+        return false;
+    const ParsedDouble a = ParseDouble(now);
+    const ParsedDouble b = ParseDouble(before);
+    if (a.outcome != NumberOutcome::Ok || b.outcome != NumberOutcome::Ok || a.value <= 0.0
+        || b.value <= 0.0)
+        return false;
+    return (a.value > far_apart * b.value || far_apart * a.value < b.value)
+        && std::abs(a.value - b.value) >= apart;
+}
+
+void CheckJump(const CheckData& data, Findings& findings, qsizetype k, const CheckMember& before)
+{
+    const CheckMember& member = data.Members[static_cast<std::size_t>(k)];
+    for (const int field :
+        { PlotSize, LiabilityPremium, LegalPremium, AccidentPremium, BuildingPremium }) {
+        const QString& now = member.Fields.at(field);
+        const QString& then = before.Fields.at(field);
+        const bool is_size = field == PlotSize;
+        if (!FarApart(now, then, is_size ? square_metres_apart : euros_apart))
+            continue;
+        AddTo(findings,
+            { is_size ? u"C13a"_s : u"C13b"_s, Level::Warning,
+                u"%1 %2, %3 %4: Das ist weit auseinander."_s.arg(
+                    FieldCaption(field), now, data.LastYear, then),
+                u"Prüfen Sie das Komma."_s },
+            MemberRow(data, k, field));
+    }
+}
+
+} // namespace
+
+void CheckDoubles(const CheckData& data, Findings& findings)
+{
+    if (data.MembersUnsafe)
+        return;
+    CheckTwice(data, findings);
+    CheckSharedGardens(data, findings);
+}
+
+void CheckNames(const CheckData& data, Findings& findings)
+{
+    if (data.MembersUnsafe)
+        return;
+    QSet<QString> surnames;
+    surnames.reserve(static_cast<qsizetype>(data.Members.size()));
+    for (const CheckMember& member : data.Members)
+        surnames.insert(FieldOf(member, Surname));
+    for (std::size_t k = 0; k < data.Members.size(); ++k) {
+        if (data.Members[k].Whole)
+            CheckName(data, findings, static_cast<qsizetype>(k), surnames);
+    }
+}
+
+void CheckMissingFields(const CheckData& data, Findings& findings)
+{
+    if (data.MembersUnsafe)
+        return;
+    const bool charged = ChargesPlots(data.Source.Prices);
+    for (std::size_t k = 0; k < data.Members.size(); ++k) {
+        if (!data.Members[k].Whole)
+            continue;
+        CheckPlot(data, findings, static_cast<qsizetype>(k), charged);
+        CheckAddress(data, findings, static_cast<qsizetype>(k));
+    }
+}
+
+void CheckJumps(const CheckData& data, Findings& findings)
+{
+    if (data.MembersUnsafe)
+        return;
+    for (std::size_t k = 0; k < data.Members.size(); ++k) {
+        const auto member = static_cast<qsizetype>(k);
+        const qsizetype line = GardenLine(data, member);
+        if (line < 0 || !data.Members[k].Whole)
+            continue;
+        const auto there = static_cast<std::size_t>(line);
+        const bool same_person
+            = data.Pairs.Ids[k] >= 0 && data.Pairs.Ids[k] == data.Pairs.LastYearIds[there];
+        if (same_person && data.LastYearMembers[there].Whole)
+            CheckJump(data, findings, member, data.LastYearMembers[there]);
+    }
+}
