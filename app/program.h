@@ -16,6 +16,7 @@
 #include "controls/events.h"
 #include "controls/message_boxes.h"
 #include "data/dates.h"
+#include "data/history.h"
 #include "data/line_file.h"
 #include "members/member_fields_form.h"
 #include "members/member_form.h"
@@ -82,6 +83,7 @@ void On(Program& program, Sender* sender, void (Object::*signal)(Arguments...), 
     static_assert(takes_arguments || std::is_invocable_v<Handler, Program&>,
         "the handler's parameters do not fit the signal: it would never run");
     QObject::connect(sender, signal, sender, [&program, handler](Arguments... arguments) {
+        const SavingAction action(program.Files); // what it saves belongs together
         WithErrorBox(program.Errors, program.Ask, [&] {
             if constexpr (takes_arguments)
                 handler(program, arguments...);
@@ -97,6 +99,7 @@ template <typename Handler>
 void OnEvent(Program& program, QObject* watched, QEvent::Type type, Handler handler)
 {
     HookEvent(watched, type, [&program, handler](QEvent& event) {
+        const SavingAction action(program.Files);
         bool swallowed = false;
         WithErrorBox(program.Errors, program.Ask, [&] { swallowed = handler(program, event); });
         return swallowed;

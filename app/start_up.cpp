@@ -74,6 +74,7 @@ void ShowMemberZero(Program& program)
 void StartUp(Program& program)
 {
     const RedrawsPostponed until_done(program);
+    const SavingAction action(program.Files);
     WithErrorBox(program.Errors, program.Ask, [&program] {
         RunStep(program, [](Program& p) { FinishRewrites(p.Files); });
         ResetCashBook(program);

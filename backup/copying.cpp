@@ -1,5 +1,6 @@
 #include "backup/copying.h"
 
+#include "data/history.h"
 #include "data/whole_files.h"
 
 #include <QRegularExpression>
@@ -261,6 +262,7 @@ void RestoreFiles(
         targets += NameInDataDirectory(existing, name);
         CheckTarget(files, targets.last());
     }
+    const SavingAction action(files, Deed::Restored);
     for (qsizetype i = 0; i < names.size(); ++i) {
         Replace(files, targets[i], contents[i]);
         CopyFileTimes(InFolder(folder, names[i]), InFolder(files.DataDirectory, targets[i]));

@@ -2,16 +2,20 @@
 // system becomes a message. Reading: data/line_file.h; writing: data/rewrite_file.h.
 #pragma once
 
+#include "data/history_state.h"
 #include "data/runtime_error.h"
 #include "data/system_error.h"
 
 #include <QString>
+
+#include <memory>
 
 /// Where the club's files lie and where unfinished rewrites are noted. The first parameter of
 /// everything that touches files.
 struct DataFiles {
     QString DataDirectory; ///< without a last slash; names that begin with a backslash are appended
     QString StateDirectory; ///< outside the DataDirectory; redo records live here
+    std::shared_ptr<HistoryState> History = std::make_shared<HistoryState>(); ///< never null
 };
 
 /// The folder of this user that keeps the redo records and the lock of a data directory:

@@ -8,7 +8,8 @@
 
 namespace {
 
-const QByteArray magic = QByteArrayLiteral("Parzello Vormerkung 1\n");
+const QByteArray magic = QByteArrayLiteral("Parzello Vormerkung 2\n");
+const QByteArray magic_without_mark = QByteArrayLiteral("Parzello Vormerkung 1\n");
 constexpr qsizetype hash_length = 32;
 constexpr int key_length = 32;
 const QString record_ending = QStringLiteral(".vormerkung");
@@ -24,6 +25,15 @@ QString BaseOf(const QString& state_directory, const QString& target)
 {
     return state_directory + QLatin1Char('/')
         + QString::fromLatin1(HashOf(target.toUtf8()).toHex().left(key_length));
+}
+
+void ReadMark(QDataStream& stream, HistoryMark& mark)
+{
+    quint8 how = 0;
+    stream >> mark.Number >> mark.Action >> mark.Time >> how;
+    mark.How = static_cast<Deed>(how);
+    if (how > static_cast<quint8>(Deed::SentOut))
+        stream.setStatus(QDataStream::ReadCorruptData);
 }
 
 SystemError ReadRecord(const QString& path, std::optional<RedoRecord>& record)
@@ -43,13 +53,16 @@ QByteArray EncodeRedoRecord(const RedoRecord& record)
     QByteArray body;
     QDataStream stream(&body, QIODevice::WriteOnly);
     stream.setVersion(QDataStream::Qt_6_4);
-    stream << record.target.toUtf8() << record.content;
+    stream << record.target.toUtf8() << record.content << record.Mark.Number << record.Mark.Action
+           << record.Mark.Time << static_cast<quint8>(record.Mark.How);
     return magic + HashOf(body) + body;
 }
 
 std::optional<RedoRecord> DecodeRedoRecord(const QByteArray& bytes)
 {
-    if (!bytes.startsWith(magic) || bytes.size() < magic.size() + hash_length)
+    const bool has_mark = bytes.startsWith(magic);
+    if ((!has_mark && !bytes.startsWith(magic_without_mark))
+        || bytes.size() < magic.size() + hash_length)
         return std::nullopt;
     const QByteArray body = bytes.mid(magic.size() + hash_length);
     if (HashOf(body) != bytes.mid(magic.size(), hash_length))
@@ -59,6 +72,8 @@ std::optional<RedoRecord> DecodeRedoRecord(const QByteArray& bytes)
     QByteArray target;
     RedoRecord record;
     stream >> target >> record.content;
+    if (has_mark)
+        ReadMark(stream, record.Mark);
     record.target = QString::fromUtf8(target);
     if (stream.status() != QDataStream::Ok || !stream.atEnd() || !IsTargetName(record.target))
         return std::nullopt;
@@ -88,10 +103,15 @@ SystemError NoteRewrite(const QString& state_directory, const RedoRecord& record
     return error;
 }
 
+QString RecordPathOf(const QString& state_directory, const QString& target)
+{
+    return BaseOf(state_directory, target) + record_ending;
+}
+
 // Emptied first: that alone makes the record void, whatever becomes of its name.
 SystemError ForgetRewrite(const QString& state_directory, const QString& target)
 {
-    const QString path = BaseOf(state_directory, target) + record_ending;
+    const QString path = RecordPathOf(state_directory, target);
     bool is_folder = false;
     if (MeansMissing(LookUp(path, is_folder)))
         return Fault::None;
@@ -106,7 +126,7 @@ SystemError FindRewrite(
     record.reset();
     if (state_directory.isEmpty())
         return Fault::None;
-    const SystemError error = ReadRecord(BaseOf(state_directory, target) + record_ending, record);
+    const SystemError error = ReadRecord(RecordPathOf(state_directory, target), record);
     return error == Fault::NoAccess || MeansMissing(error) ? Fault::None : error;
 }
 

@@ -3,6 +3,7 @@
 // itself may be half written. Why: docs/architecture.md, "Nothing confirmed is lost".
 #pragma once
 
+#include "data/history_entry.h"
 #include "data/system_error.h"
 
 #include <QByteArray>
@@ -14,12 +15,14 @@
 struct RedoRecord {
     QString target; ///< name of a file in the data directory, without any separator
     QByteArray content; ///< the whole new content of the file
+    HistoryMark Mark {}; ///< with which it will be kept; Number 0: it will not
 };
 
-/// Magic line, SHA-256 of everything that follows, target and content with their lengths.
+/// Magic line, SHA-256 of everything that follows, target and content with their lengths, the mark.
 QByteArray EncodeRedoRecord(const RedoRecord& record);
 
-/// Nothing when a byte is missing, changed or left over, or when the target is no plain file name.
+/// Records of the version that kept no history are read as well. Nothing when a byte is missing,
+/// changed or left over, or when the target is no plain file name.
 std::optional<RedoRecord> DecodeRedoRecord(const QByteArray& bytes);
 
 /// True for a name that can only lead into the data directory: not empty, not "." or "..", without
@@ -29,6 +32,9 @@ bool IsTargetName(const QString& target);
 /// Writes the record and waits until it has reached the disk; it takes the place of an older one
 /// for the same file in one step.
 SystemError NoteRewrite(const QString& state_directory, const RedoRecord& record);
+
+/// Where the record of this file lies while there is one.
+QString RecordPathOf(const QString& state_directory, const QString& target);
 
 /// Removes the record of this file for good, if there is one.
 SystemError ForgetRewrite(const QString& state_directory, const QString& target);

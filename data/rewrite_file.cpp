@@ -1,5 +1,6 @@
 #include "data/rewrite_file.h"
 
+#include "data/history.h"
 #include "data/redo_record.h"
 #include "data/whole_files.h"
 
@@ -12,6 +13,7 @@ struct OldContent {
     bool known = false; ///< false: it could not be read, so it cannot come back
     bool missing = false; ///< there was no file
     bool noted = false; ///< it stands in the record of an earlier, unfinished rewrite
+    HistoryMark mark {}; ///< that of the record
     QByteArray content;
 };
 
@@ -21,8 +23,10 @@ SystemError ReadOldContent(const DataFiles& files, const QString& target, OldCon
     if (const SystemError error = FindRewrite(files.StateDirectory, target, record))
         return error; // what the file holds stands in there, and it must not be lost
     old.noted = record.has_value();
-    if (record)
+    if (record) {
         old.content = record->content;
+        old.mark = record->Mark;
+    }
     const SystemError error
         = record ? Fault::None : ReadFileBytes(PathOf(files, target), old.content);
     old.missing = error == Fault::Missing;
@@ -105,14 +109,33 @@ void CheckTarget(const DataFiles& files, const QString& target, const QByteArray
         throw FileError(files, target, error, FileDeed::Write, not_saved);
 }
 
+/// The file has its content: the record becomes history, or goes where that is not possible.
+SystemError GiveUpRecord(const DataFiles& files, const RedoRecord& record)
+{
+    return KeepRecord(files, record) ? Fault::None
+                                     : ForgetRewrite(files.StateDirectory, record.target);
+}
+
+/// While a record stands for the file, the file itself holds what the rewrite left that was stopped
+/// (a beginning of the content, which nobody made), or what somebody has put there since.
+void KeepFileBesideRecord(
+    const DataFiles& files, const QString& target, const QByteArray& noted_content)
+{
+    QByteArray found;
+    if (!ReadFileBytes(PathOf(files, target), found) && !noted_content.startsWith(found))
+        KeepReplaced(files, target, found);
+}
+
 SystemError Finish(const DataFiles& files, const RedoRecord& record)
 {
     const QString path = PathOf(files, record.target);
     QByteArray found;
     Overwritten done = Overwritten::Nothing;
     const bool is_there = !ReadFileBytes(path, found) && found == record.content;
+    if (!is_there)
+        KeepFileBesideRecord(files, record.target, record.content);
     const SystemError error = is_there ? Fault::None : OverwriteFile(path, record.content, done);
-    return error ? error : ForgetRewrite(files.StateDirectory, record.target);
+    return error ? error : GiveUpRecord(files, record);
 }
 
 RuntimeError NotFinished(const DataFiles& files, const QString& target, const SystemError& error)
@@ -139,12 +162,17 @@ void RewriteFile(const DataFiles& files, const QString& name, const QByteArray& 
     OldContent old;
     if (const SystemError error = ReadOldContent(files, target, old))
         throw RecordError(files, target, error, not_saved);
-    if (const SystemError error = NoteRewrite(files.StateDirectory, { target, content }))
+    if (old.noted)
+        KeepFileBesideRecord(files, target, old.content);
+    if (old.known && !old.missing)
+        KeepReplaced(files, target, old.content, old.mark);
+    const RedoRecord record { target, content, NextMark(files) };
+    if (const SystemError error = NoteRewrite(files.StateDirectory, record))
         throw NotNoted(files, target, old, error);
     Overwritten done = Overwritten::Nothing;
     if (const SystemError error = OverwriteFile(PathOf(files, target), content, done))
         throw Undo(files, target, old, done, error);
-    if (const SystemError error = ForgetRewrite(files.StateDirectory, target)) {
+    if (const SystemError error = GiveUpRecord(files, record)) {
         throw RecordError(files, target, error,
             QStringLiteral("Der neue Stand ist gespeichert, nur seine Vormerkung im Ordner „%1“ "
                            "ließ sich nicht löschen.")

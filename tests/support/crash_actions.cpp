@@ -23,9 +23,11 @@ void Put(const DataFiles& files, const QString& name, const QByteArray& content)
         qFatal("cannot prepare %s", qPrintable(name));
 }
 
-void NoteFor(const DataFiles& files, const QString& name, const QByteArray& content)
+void NoteFor(
+    const DataFiles& files, const QString& name, const QByteArray& content, qint64 number = 1)
 {
-    if (NoteRewrite(files.StateDirectory, { NameWithin(name), content }))
+    const HistoryMark mark { number, number, QDateTime({ 2017, 1, 5 }, { 9, 0 }), Deed::Saved };
+    if (NoteRewrite(files.StateDirectory, { NameWithin(name), content, mark }))
         qFatal("cannot prepare the record of %s", qPrintable(name));
 }
 
@@ -51,7 +53,7 @@ void PrepareUnfinished(const DataFiles& files)
 void PrepareSeveralUnfinished(const DataFiles& files)
 {
     PrepareUnfinished(files);
-    NoteFor(files, members, old_members);
+    NoteFor(files, members, old_members, 2);
 }
 
 void WriteLong(const DataFiles& files) { RewriteFile(files, bank_ledger, LongContent()); }
@@ -64,6 +66,15 @@ void ChangeMember(const DataFiles& files)
     ReadMembersFile(lists, files, u"2016"_s);
     lists.RecordList[1] = u"Müller;Bernd;Łódźer Weg 3;;;8;250;1;0,00;0,00;0,00;0,00;1;2;3;4"_s;
     WriteMembersFile(lists, files, u"2016"_s);
+}
+
+/// Two states are kept already, and the ledger was changed by hand since.
+void PrepareHistory(const DataFiles& files)
+{
+    files.History->Now = [] { return QDateTime({ 2017, 1, 5 }, { 9, 0 }); }; // stands in names
+    RewriteFile(files, bank_ledger, "eins\r\n");
+    RewriteFile(files, bank_ledger, LongContent());
+    Put(files, bank_ledger, "von Hand\r\n");
 }
 
 void PrepareSettings(const DataFiles& files)
@@ -117,6 +128,7 @@ const QList<CrashAction>& CrashActions()
         { "finishing several", PrepareSeveralUnfinished, FinishRewrites },
         { "save over an unfinished one", PrepareUnfinished, WriteShort },
         { "change a member", PrepareMembers, ChangeMember },
+        { "save over a found state", PrepareHistory, WriteShort },
         { "restored files", PrepareStick, Restore },
         { "back up", PrepareStick, BackUp },
     } + WindowActions();

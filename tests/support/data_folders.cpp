@@ -40,4 +40,9 @@ QByteArray DataFolders::Get(const QString& name) const
 
 QStringList DataFolders::Names() const { return NamesIn(files.DataDirectory); }
 
-QStringList DataFolders::StateNames() const { return NamesIn(files.StateDirectory); }
+QStringList DataFolders::StateNames() const
+{
+    QStringList names = NamesIn(files.StateDirectory);
+    names.removeAll(QStringLiteral("verlauf"));
+    return names;
+}

@@ -25,6 +25,6 @@ struct DataFolders {
     /// Names in the data directory, sorted.
     QStringList Names() const;
 
-    /// Names in the state directory, sorted; none when it is missing.
+    /// Names in the state directory besides the history, sorted; none when it is missing.
     QStringList StateNames() const;
 };

@@ -76,7 +76,8 @@ QString SyncComplaint(const QList<TracedCall>& calls, const QString& data_direct
             }
         }
         const bool gives_up_record = call.path.endsWith(u".vormerkung"_s)
-            && (call.name == u"ftruncate"_s || call.name == u"unlink"_s);
+            && (call.name == u"ftruncate"_s || call.name == u"unlink"_s
+                || call.name == u"rename"_s); // it becomes history
         if (gives_up_record && unsynced.HasBelow(data_directory))
             return u"a record is given up before the file is safe"_s;
         if (ChangesContent(call))

@@ -3,10 +3,12 @@
 // write; single and from then on. Then the program starts again. However it ended:
 // - every file is wholly the old or wholly the new one, also as the running program sees it;
 // - after a confirmed save it is the new one, and an interrupted call alone refuses nothing;
+// - every kept state is whole, and nothing was overwritten that is not kept, unless keeping failed;
 // - no file of ours lies in the data directory, and no record is left after the start;
 // - the next save succeeds.
 // The routines on plain files meet every fault, the window's own saves (the real forms, filled and
 // clicked) fewer of them. Points are run side by side, each in folders of its own.
+#include "data/history.h"
 #include "data/line_file.h"
 #include "tests/support/crash_actions.h"
 #include "tests/support/data_folders.h"
@@ -256,6 +258,43 @@ QString PlaceComplaint(const Point& point, const QByteArray& trace, const DataFo
     return is_there ? QString() : u"another call was reached: "_s + QString::fromUtf8(hit);
 }
 
+/// True for an action that rewrites files of the club, and does not only copy them.
+bool KeepsHistory(const Recording& recording)
+{
+    return std::any_of(recording.calls.cbegin(), recording.calls.cend(),
+        [](const TracedCall& call) { return call.path.contains(u"/verlauf"_s); });
+}
+
+/// Empty, or what is wrong with the kept states: each is whole, and where no call was refused, what
+/// was overwritten and what took its place are among them.
+QString HistoryComplaint(const Point& point, const DataFolders& folders)
+{
+    const DataFiles files { folders.files.DataDirectory, folders.files.StateDirectory };
+    QList<HistoryEntry> entries;
+    if (ReadHistory(files, entries))
+        return u"the history cannot be read"_s;
+    QMultiMap<QString, QByteArray> kept;
+    for (const HistoryEntry& entry : std::as_const(entries)) {
+        const std::optional<RedoRecord> state = ReadKept(files, entry);
+        if (!state)
+            return u"a kept state is damaged"_s;
+        kept.insert(state->target, state->content);
+    }
+    if (!point.fault.contains(u"SIGKILL"_s) || !KeepsHistory(*point.recording))
+        return {};
+    const Snapshot& before = point.recording->before;
+    const Snapshot now = OnDisk(folders);
+    for (const QString& name : now.keys()) {
+        if (now.value(name) == before.value(name))
+            continue;
+        if (!kept.contains(name, now.value(name)))
+            return name + u" is not in the history"_s;
+        if (before.contains(name) && !kept.contains(name, before.value(name)))
+            return name + u" was overwritten and is not in the history"_s;
+    }
+    return {};
+}
+
 /// Runs the point and starts the program again. Empty, or what is wrong.
 QString Complaint(const Point& point)
 {
@@ -293,6 +332,8 @@ QString Complaint(const Point& point)
     wrong = Compare(OnDisk(folders), recording, is_confirmed);
     if (!wrong.isEmpty())
         return u"after the start: "_s + wrong;
+    if (const QString lost = HistoryComplaint(point, folders); !lost.isEmpty())
+        return lost;
     if (!folders.StateNames().isEmpty())
         return u"left in the state directory: "_s + folders.StateNames().join(u' ');
     if (point.action->run != nullptr)
