@@ -144,3 +144,15 @@ void LoadYear(Program& program)
     RunStep(program, ShowLedger);
     RunStep(program, ShowFirstOrCurrentMember);
 }
+
+void LoadReplacedYear(Program& program)
+{
+    const bool loads = FileExists(program.Files, MembersFileName(program.Year.YearText));
+    LoadYear(program);
+    if (!loads)
+        return; // "Datenfehler" was shown, and everything in memory stayed
+    program.CashBook.LedgerChanged = false;
+    program.CashBook.Bank.Unsaved = false;
+    program.CashBook.CashBox.Unsaved = false;
+    CountAsSaved(program.Settings);
+}

@@ -29,3 +29,7 @@ void LoadYear(Program& program);
 /// The year box Text2 shows YearText; tinted while it differs from the loaded year, since a save
 /// goes to YearText.
 void ShowYear(Program& program);
+
+/// LoadYear after files were replaced as a whole: what was typed or booked before is gone with the
+/// year that is loaded, and nobody must be asked whether to save it.
+void LoadReplacedYear(Program& program);

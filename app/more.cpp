@@ -3,6 +3,7 @@
 #include "app/program.h"
 #include "check/check_form.h"
 #include "controls/fields.h"
+#include "history/history_form.h"
 #include "money/money_form.h"
 
 #include <QAction>
@@ -48,6 +49,7 @@ const std::vector<MoreEntry>& MoreEntries()
         { u"MoreCashReport"_s, u"&Kassenbericht …"_s, {}, ShowCashReport },
         { u"MoreCashBook"_s, u"Kassen&buch …"_s, {}, ShowCashBook },
         { u"MoreYears"_s, u"&Jahre im Vergleich …"_s, {}, ShowYears },
+        { u"MoreHistory"_s, u"&Verlauf …"_s, {}, ShowHistory },
     };
     return entries;
 }

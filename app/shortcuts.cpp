@@ -2,6 +2,7 @@
 
 #include "app/manual.h"
 #include "app/program.h"
+#include "history/history_form.h"
 #include "settings/bank_frames_form.h"
 #include "settings/price_frame_form.h"
 
@@ -71,5 +72,6 @@ void BuildShortcuts(Program& program)
         if (BringToFront(p, StatementTab))
             p.PrintFrame.Command6->click();
     });
+    Key(program, QKeySequence(QStringLiteral("Ctrl+Z")), TakeBackTheLast);
     Key(program, QKeySequence(Qt::Key_F1), ShowManual);
 }

@@ -78,20 +78,6 @@ bool StickConfirmed(const Program& program, const QString& question)
     return program.Ask(box) == BoxAnswer::Ok;
 }
 
-/// What was typed or booked before is gone with the year that was just loaded: nobody must be asked
-/// whether to save it.
-void LoadRestoredYear(Program& program)
-{
-    const bool loads = FileExists(program.Files, MembersFileName(program.Year.YearText));
-    LoadYear(program);
-    if (!loads)
-        return; // "Datenfehler" was shown, and everything in memory stayed
-    program.CashBook.LedgerChanged = false;
-    program.CashBook.Bank.Unsaved = false;
-    program.CashBook.CashBox.Unsaved = false;
-    CountAsSaved(program.Settings);
-}
-
 bool FolderAskedFor(Program& program, QEvent&)
 {
     ShowBackupFolder(program);
@@ -170,6 +156,6 @@ void RestoreBackup(Program& program) // Command11, "Wiederherstellen"
         const BusyPointer busy;
         RestoreFiles(program.Files, destination.Folder, names, run.Counting(names.size()));
     }
-    LoadRestoredYear(program);
+    LoadReplacedYear(program);
     Tell(program.Ask, RestoredTitle, RestoredFrom(destination.Drive));
 }
