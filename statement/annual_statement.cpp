@@ -1,122 +1,22 @@
 #include "statement/annual_statement.h"
 
 #include "data/records.h"
+#include "statement/bill_numbers.h"
 #include "statement/bill_places.h"
-
-#include <cmath>
-#include <limits>
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-/// One member's bill while it is computed.
-struct Bill {
-    const BillSource& source;
-    const PriceNumbers& prices;
-    qsizetype member; ///< position from 0
-    QStringList fields; ///< this year's record
-    QStringList previous_fields; ///< last year's record at the same position
-    AnnualStatement& statement;
-};
-
-/// A price as typed and as number, with its key in the settings file.
-struct Price {
-    QString key;
-    const QString& text;
-    const ParsedDouble& number;
-};
 
 /// What electricity and water have in common.
 struct Meter {
     BillRow row; ///< the first of its three rows
     int start_field;
     int end_field;
-    Price price;
-    Price previous_price;
+    BillPrice price;
+    BillPrice previous_price;
     bool prepaid; ///< the prepayment for next year applies
 };
-
-ErrorKind KindOf(NumberOutcome outcome)
-{
-    return outcome == NumberOutcome::Overflow ? ErrorKind::Overflow : ErrorKind::TypeMismatch;
-}
-
-/// A money or size text, the empty one counting as 0.
-ParsedDouble ParseAmount(const QString& text)
-{
-    return text.isEmpty() ? ParsedDouble { NumberOutcome::Ok, 0.0 } : ParseDouble(text);
-}
-
-double Finite(double value, const Bill& bill)
-{
-    if (!std::isfinite(value) || std::abs(value) > std::numeric_limits<float>::max())
-        throw RuntimeError { ErrorKind::Overflow, AmountsPlace(bill.source, bill.member), {} };
-    return value;
-}
-
-// Places of errors are put together only when there is an error: a bill asks for forty fields.
-
-const QString& Field(const Bill& bill, int field)
-{
-    if (field < bill.fields.size())
-        return bill.fields[field];
-    return FieldAt(bill.fields, field, ShortRecordPlace(bill.source, bill.member));
-}
-
-const QString& PreviousField(const Bill& bill, int field)
-{
-    if (field < bill.previous_fields.size())
-        return bill.previous_fields[field];
-    return FieldAt(
-        bill.previous_fields, field, ShortPreviousRecordPlace(bill.source, bill.member, field));
-}
-
-double NumberIn(const Price& price, const Bill& bill)
-{
-    if (price.number.outcome != NumberOutcome::Ok)
-        throw RuntimeError { KindOf(price.number.outcome),
-            PricePlace(bill.source, price.key, price.text), {} };
-    return price.number.value;
-}
-
-double PreviousNumberIn(const Price& price, const Bill& bill)
-{
-    if (price.number.outcome != NumberOutcome::Ok)
-        throw RuntimeError { KindOf(price.number.outcome),
-            PreviousPricePlace(bill.source, price.key, price.text), {} };
-    return price.number.value;
-}
-
-double AmountIn(const Bill& bill, int field)
-{
-    const QString& text = bill.fields[field];
-    const ParsedDouble number = ParseAmount(text);
-    if (number.outcome != NumberOutcome::Ok)
-        throw RuntimeError { KindOf(number.outcome),
-            MemberFieldPlace(bill.source, bill.member, field, text), {} };
-    return number.value;
-}
-
-float ReadingIn(const Bill& bill, int field)
-{
-    const QString& text = bill.fields[field];
-    const ParsedSingle number = ParseSingle(text);
-    if (number.outcome != NumberOutcome::Ok)
-        throw RuntimeError { KindOf(number.outcome),
-            MemberFieldPlace(bill.source, bill.member, field, text), {} };
-    return number.value;
-}
-
-float PreviousReadingIn(const Bill& bill, int field)
-{
-    const QString& text = bill.previous_fields[field];
-    const ParsedSingle number = ParseSingle(text);
-    if (number.outcome != NumberOutcome::Ok)
-        throw RuntimeError { KindOf(number.outcome),
-            PreviousFieldPlace(bill.source, bill.member, field, text), {} };
-    return number.value;
-}
 
 /// Single precision: two single readings, one single difference. The end is read first.
 float Consumption(const Bill& bill, const Meter& meter)
@@ -214,7 +114,7 @@ double ChargeElectricity(Bill& bill)
             { key, prices.ElectricityPrice, bill.prices.electricity },
             { key, prices.PreviousElectricityPrice, bill.prices.previous_electricity },
             prices.ElectricityPrepayment == 1 });
-    const Price charge { u"Energiepauschale"_s, prices.FlatEnergyCharge,
+    const BillPrice charge { u"Energiepauschale"_s, prices.FlatEnergyCharge,
         bill.prices.flat_energy_charge };
     const double flat = RoundTo(NumberIn(charge, bill), 2);
     SetAmount(bill, FlatEnergyChargeRow, flat);
@@ -237,14 +137,15 @@ double ChargeWater(Bill& bill)
 
 double ChargeMembership(Bill& bill)
 {
-    const Price fee { u"Beitrag"_s, bill.source.Prices.MembershipFee, bill.prices.membership_fee };
+    const BillPrice fee { u"Beitrag"_s, bill.source.Prices.MembershipFee,
+        bill.prices.membership_fee };
     const double amount = RoundTo(NumberIn(fee, bill), 2);
     SetSubtotal(bill, MembershipFeeRow, amount);
     return amount;
 }
 
 /// Rows 11 to 13: plot size times a price per square metre.
-double ChargePlot(Bill& bill, BillRow row, const Price& price)
+double ChargePlot(Bill& bill, BillRow row, const BillPrice& price)
 {
     bill.statement.rows[row].quantity = Field(bill, PlotSize);
     const double square_metres = AmountIn(bill, PlotSize);
