@@ -1,7 +1,9 @@
 // The sentences under "Hinweise" of the cash report: what a reader must know to trust its numbers.
 #pragma once
 
-#include "money/cash_report_text.h"
+#include "money/cash_report.h"
+#include "money/cash_report_context.h"
+#include "money/money_source.h"
 
 #include <QStringList>
 

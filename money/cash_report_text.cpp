@@ -1,7 +1,9 @@
 #include "money/cash_report_text.h"
 
 #include "data/dates.h"
+#include "money/cash_report.h"
 #include "money/cash_report_hints.h"
+#include "money/open_items.h"
 #include "money/report_parts.h"
 
 using namespace Qt::StringLiterals;
