@@ -16,8 +16,14 @@ HOUSE = {
     "members/CMakeLists.txt": "parzello_plain_library(members SOURCES lists.cpp KNOWS data)\n",
     "members/lists.h": '#include "data/lines.h"\n',
     "members/lists.cpp": '#include "members/lists.h"\n',
-    "members/member_form.h": "class QWidget;\n",
-    "members/member_form.cpp": '#include "app/program.h"\n#include <QLabel>\n',
+    "members/member_form.h": "struct MemberForm {\n    int* Text3 = nullptr;\n};\n"
+    "void BuildMemberForm(Program& program);\n",
+    "members/member_form.cpp": '#include "members/member_form.h"\n#include "app/program.h"\n#include <QLabel>\n'
+    "void BuildMemberForm(Program& program)\n{\n    form.Text3 = Named(new QLineEdit);\n"
+    "    On(program, form.Text3, &QLineEdit::textEdited, MemberTyped);\n}\n",
+    "members/member_tab_form.h": "void BuildMemberTab(Program& program);\n",
+    "members/member_tab_form.cpp": '#include "members/member_tab_form.h"\n#include "members/member_form.h"\n'
+    "void BuildMemberTab(Program& program)\n{\n    BuildMemberForm(program);\n}\n",
     "controls/fields.h": '#include "data/lines.h"\n#include <QLineEdit>\n',
     "controls/fields.cpp": '#include "controls/fields.h"\n',
     "app/program.h": '#include "members/member_form.h"\n',
@@ -61,3 +67,28 @@ must_fail(
 must_fail({"data/lines.cpp": "#include <sys/stat.h>\n"}, "only a file named after its system may know <sys/stat.h>")
 must_fail({"data/files.h": "#include <cerrno>\n"}, "data/files.h:1: only a file named after its system")
 must_fail({"data/files_linux.cpp": "#include <QWidget>\n"}, "a plain file may not know <QWidget>")
+must_fail({"members/names_form.cpp": ""}, "members/names_form.cpp: has and includes no header of its own name")
+must_fail(
+    {
+        "members/names_form.h": "void BuildNames(Program& program);\nvoid ShowNames(\n    Program& program);\n",
+        "members/names_form.cpp": '#include "members/names_form.h"\nvoid BuildNames(Program& program)\n{\n}\n',
+    },
+    "members/names_form.h: ShowNames is not done in members/names_form.cpp",
+)
+must_fail(
+    {"app/more.cpp": "void More(Program& program)\n{\n    BuildMemberForm(program);\n}\n"},
+    "BuildMemberForm is called by members/member_tab_form.cpp and app/more.cpp: one file arranges",
+)
+must_fail(
+    {"app/more.cpp": "void More()\n{\n    On(program, program.Tab.Text3, &QLineEdit::textEdited, Typed);\n}\n"},
+    "Text3 is made or connected in app/more.cpp and members/member_form.cpp",
+)
+must_fail(
+    {"app/more.cpp": "void More()\n{\n    tab.Text3 = new QLineEdit(page);\n}\n"},
+    "Text3 is made or connected in app/more.cpp and members/member_form.cpp",
+)
+must_fail(
+    {"members/member_form.cpp": HOUSE["members/member_form.cpp"] + '#include "members/member_tab_form.h"\n'},
+    "members/member_form -> members/member_tab_form -> members/member_form: a circle of includes",
+)
+must_fail({"data/lines.h": '#include "data/files.h"\n', "data/files.h": '#include "data/lines.h"\n'}, "a circle")
