@@ -175,8 +175,6 @@ CheckData MakeCheckData(const CheckSource& source)
     return data;
 }
 
-QString FieldOf(const CheckMember& member, int field) { return FieldOrEmpty(member.Fields, field); }
-
 QString DisplayName(const CheckMember& member, qsizetype place)
 {
     const QString surname = FieldOf(member, Surname);

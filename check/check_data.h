@@ -3,6 +3,7 @@
 #pragma once
 
 #include "check/bookings.h"
+#include "check/check_member.h"
 #include "check/check_source.h"
 #include "check/finding.h"
 #include "check/persons.h"
@@ -15,12 +16,6 @@
 #include <array>
 #include <optional>
 #include <vector>
-
-/// A member of this or a line of last year.
-struct CheckMember {
-    MemberRecord Fields;
-    bool Whole = true; ///< exactly 16 fields
-};
 
 /// A file as it lies there.
 struct RawFile {
@@ -102,9 +97,6 @@ struct CheckData {
 };
 
 CheckData MakeCheckData(const CheckSource& source);
-
-/// The field's text, empty when the record is too short.
-QString FieldOf(const CheckMember& member, int field);
 
 /// "Meier, Anna"; "Platz 3" for a record without a name. place counts from 0.
 QString DisplayName(const CheckMember& member, qsizetype place);

@@ -1,6 +1,6 @@
 #include "check/persons.h"
 
-#include "check/check_data.h"
+#include "check/check_member.h"
 #include "data/german_numbers.h"
 
 #include <QHash>
