@@ -1,10 +1,10 @@
 #include "history/difference.h"
 
-#include "data/ansi_text.h"
 #include "data/records.h"
 #include "history/file_kinds.h"
 #include "history/ini_difference.h"
 #include "history/line_difference.h"
+#include "history/state_lines.h"
 
 #include <algorithm>
 
@@ -144,16 +144,6 @@ DifferenceWords WordsOfIni(FileKind kind, const QByteArray& before, const QByteA
 QString FirstLineOf(const QByteArray& content) { return Shown(LinesOfState(content).value(0)); }
 
 } // namespace
-
-QStringList LinesOfState(const QByteArray& content)
-{
-    QByteArray text = content;
-    text.replace("\r\n", "\n");
-    if (text.endsWith('\n'))
-        text.chop(1);
-    return text.isEmpty() && content.isEmpty() ? QStringList()
-                                               : DecodeAnsi(text).split(QLatin1Char('\n'));
-}
 
 DifferenceWords WordsOfDifference(
     const QString& target, const std::optional<QByteArray>& before, const QByteArray& after)

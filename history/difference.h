@@ -15,6 +15,3 @@ struct DifferenceWords {
 /// Nothing as `before`: there was no such file.
 DifferenceWords WordsOfDifference(
     const QString& target, const std::optional<QByteArray>& before, const QByteArray& after);
-
-/// The lines of a state, for showing: ended by CR LF or LF, the last one may lack it.
-QStringList LinesOfState(const QByteArray& content);

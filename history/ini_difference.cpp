@@ -1,7 +1,7 @@
 #include "history/ini_difference.h"
 
 #include "data/ansi_text.h"
-#include "history/difference.h"
+#include "history/state_lines.h"
 #include "settings/ini_file.h"
 
 #include <QMap>

@@ -3,7 +3,7 @@
 #include "data/ansi_text.h"
 #include "data/history.h"
 #include "data/line_file.h"
-#include "history/difference.h"
+#include "history/state_lines.h"
 
 #include <QHash>
 

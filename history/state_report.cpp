@@ -1,11 +1,11 @@
 #include "history/state_report.h"
 
 #include "data/records.h"
-#include "history/difference.h"
 #include "history/file_kinds.h"
 #include "history/ini_difference.h"
 #include "history/kept_actions.h"
 #include "history/sent_out.h"
+#include "history/state_lines.h"
 
 #include <QHash>
 
