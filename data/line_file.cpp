@@ -12,9 +12,15 @@ namespace {
 
 const QByteArray line_end = QByteArrayLiteral("\r\n");
 
-qsizetype EndOfLine(const QByteArray& content, qsizetype begin)
+/// A file without any CR was written by hand on another system: there LF ends the lines.
+QByteArray LineEndOf(const QByteArray& content)
 {
-    const qsizetype end = content.indexOf(line_end, begin);
+    return content.contains('\r') ? line_end : QByteArrayLiteral("\n");
+}
+
+qsizetype EndOfLine(const QByteArray& content, qsizetype begin, const QByteArray& end_mark)
+{
+    const qsizetype end = content.indexOf(end_mark, begin);
     return end < 0 ? content.size() : end;
 }
 
@@ -72,14 +78,15 @@ QStringList LinesOf(
     const DataFiles& files, const QString& name, qsizetype most_lines, ReadingEnd reading_end)
 {
     const QByteArray content = ReadTextBytes(files, name);
+    const QByteArray end_mark = LineEndOf(content);
     QStringList lines;
     for (qsizetype begin = 0; begin < content.size();) {
-        const qsizetype end = EndOfLine(content, begin);
+        const qsizetype end = EndOfLine(content, begin, end_mark);
         if (end == begin && reading_end == ReadingEnd::EmptyLine)
             return lines;
         CheckLine(FileNameOf(name), lines.size() + 1, end - begin, most_lines);
         lines += DecodeAnsi(content.mid(begin, end - begin));
-        begin = end + line_end.size();
+        begin = end + end_mark.size();
     }
     return lines;
 }
@@ -118,7 +125,7 @@ QStringList ReadLinesUpToEmpty(const DataFiles& files, const QString& name, qsiz
 QString ReadFirstLine(const DataFiles& files, const QString& name)
 {
     const QByteArray content = ReadTextBytes(files, name);
-    const qsizetype end = EndOfLine(content, 0);
+    const qsizetype end = EndOfLine(content, 0, LineEndOf(content));
     CheckLine(FileNameOf(name), 1, end, MostLines);
     return DecodeAnsi(content.left(end));
 }

@@ -31,7 +31,8 @@ constexpr qsizetype MostLines = 32767;
 constexpr qsizetype LongestLine = 32767;
 
 /// The lines of a file: a line ends at CR LF (not part of the line), the last one may lack it; an
-/// empty file has none. A lone CR or LF belongs to its line. Throws RuntimeError (File, also beyond
+/// empty file has none. A lone CR or LF belongs to its line; yet in a file without any CR each LF
+/// ends a line. Throws RuntimeError (File, also beyond
 /// LargestText; Overflow beyond most_lines or LongestLine).
 QStringList ReadLines(
     const DataFiles& files, const QString& name, qsizetype most_lines = MostLines);

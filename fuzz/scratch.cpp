@@ -41,7 +41,8 @@ QByteArray FileBytes(const DataFiles& files, const char* name)
 
 QStringList NaiveLines(const QByteArray& content)
 {
-    QStringList lines = DecodeAnsi(content).split(u"\r\n"_s);
+    const bool has_cr = content.contains('\r');
+    QStringList lines = DecodeAnsi(content).split(has_cr ? u"\r\n"_s : u"\n"_s);
     if (lines.constLast().isEmpty())
         lines.removeLast();
     return lines;

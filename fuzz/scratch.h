@@ -16,5 +16,6 @@ void PutFile(const DataFiles& files, const char* name, const QByteArray& content
 /// Reads it back in the same way; ends the program when it is not there.
 QByteArray FileBytes(const DataFiles& files, const char* name);
 
-/// The lines of a file, split naively: CR LF ends a line, nothing stands behind the last one.
+/// The lines of a file, split naively: CR LF ends a line, without any CR an LF does; nothing
+/// stands behind the last one.
 QStringList NaiveLines(const QByteArray& content);

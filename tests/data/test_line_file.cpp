@@ -67,6 +67,11 @@ private Q_SLOTS:
             << QByteArray("a\r\nb") << QStringList { u"a"_s, u"b"_s } << QByteArray("a\r\nb\r\n");
         QTest::newRow("empty lines")
             << QByteArray("\r\n\r\n") << QStringList { u""_s, u""_s } << QByteArray("\r\n\r\n");
+        QTest::newRow("LF alone, as other systems write it")
+            << QByteArray("a;b\n\nc\n") << QStringList { u"a;b"_s, u""_s, u"c"_s }
+            << QByteArray("a;b\r\n\r\nc\r\n");
+        QTest::newRow("LF alone, last line end missing")
+            << QByteArray("a\nb") << QStringList { u"a"_s, u"b"_s } << QByteArray("a\r\nb\r\n");
         QTest::newRow("lone CR and LF") << QByteArray("a\rb\nc\r\n") << QStringList { u"a\rb\nc"_s }
                                         << QByteArray("a\rb\nc\r\n");
         QTest::newRow("CR before CR LF")
