@@ -4,9 +4,23 @@
 #include "data/file_names.h"
 #include "data/records.h"
 
+#include <QDir>
+#include <QSet>
+
 namespace {
 
 QString SurnameOf(const QString& name) { return name.section(QLatin1Char(','), 0, 0); }
+
+/// The names of the special billing files, letters folded: programs write ".XLS" as well as ".xls".
+QSet<QString> SpecialBillings(const DataFiles& files)
+{
+    const QStringList names
+        = QDir(files.DataDirectory).entryList({ QStringLiteral("SonderAbrechnung*") }, QDir::Files);
+    QSet<QString> folded;
+    for (const QString& name : names)
+        folded += name.toCaseFolded();
+    return folded;
+}
 
 /// The texts of all statement payments in one. No surname and no text contains ";", so a surname
 /// found in it stands within one of the texts.
@@ -25,10 +39,13 @@ QString StatementTexts(const QStringList& ledger)
 
 QStringList OverviewRows(const DataFiles& files, const QStringList& names, const QString& year_text)
 {
+    const QSet<QString> there = SpecialBillings(files);
     QStringList rows;
     for (const QString& name : names) {
         const QString file = SpecialBillingFileName(SurnameOf(name), year_text);
-        rows += FileExists(files, file) ? name + SpecialBillingMark : name;
+        const bool is_there
+            = there.contains(FileNameOf(file).toCaseFolded()) || FileExists(files, file);
+        rows += is_there ? name + SpecialBillingMark : name;
     }
     return rows;
 }

@@ -8,8 +8,8 @@
 #include <QVector>
 
 /// The rows of the member overview, one for each name entry: the entry, followed by
-/// " SonderAbrechnung" when the special billing file of that surname and year exists. Throws
-/// RuntimeError (File) when the folder cannot be searched.
+/// " SonderAbrechnung" when the special billing file of that surname and year exists, in any case
+/// of letters. Throws RuntimeError (File) when the folder cannot be searched.
 QStringList OverviewRows(
     const DataFiles& files, const QStringList& names, const QString& year_text);
 

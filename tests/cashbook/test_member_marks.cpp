@@ -51,6 +51,22 @@ private Q_SLOTS:
             QStringList({ u"Meier,Anna"_s, u"Lang,Otto SonderAbrechnung"_s, u"van Dijk,Jan"_s }));
     }
 
+    void the_file_is_found_in_any_case_of_letters_data()
+    {
+        QTest::addColumn<QString>("file");
+        QTest::newRow("extension") << u"SonderAbrechnungMeier2016.XLS"_s;
+        QTest::newRow("all of it") << u"SONDERABRECHNUNGMEIER2016.Xls"_s;
+    }
+
+    void the_file_is_found_in_any_case_of_letters()
+    {
+        QFETCH(QString, file);
+        const Folder folder;
+        folder.Make(file);
+        QCOMPARE(OverviewRows(folder.files, { u"Meier,Anna"_s, u"Lang,Otto"_s }, u"2016"_s),
+            QStringList({ u"Meier,Anna SonderAbrechnung"_s, u"Lang,Otto"_s }));
+    }
+
     void all_members_of_a_surname_share_the_file()
     {
         const Folder folder;
