@@ -135,6 +135,7 @@ void ConnectFields(Program& program)
         On(program, form.Text10[i], &QLineEdit::textChanged,
             [i](Program& p) { ShowEntryState(p, static_cast<int>(i)); });
     }
+    ShareOneLine({ form.Text10.begin(), form.Text10.end() }, LongestLine);
     SelectOnFocus(program, form.Text10[DepositEntry]);
     SelectOnFocus(program, form.Text10[WithdrawalEntry]);
 }

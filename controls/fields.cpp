@@ -56,6 +56,8 @@ QColor TintColour(TintKind kind)
         return QColor(0xe0, 0x4f, 0x4f);
     case TintKind::OtherYear:
         return QColor(0x3d, 0x8e, 0xc9);
+    case TintKind::Doubtful:
+        return QColor(0xe8, 0x7d, 0x1e);
     }
     return {};
 }
@@ -147,6 +149,26 @@ void Tint(QWidget* field, TintKind kind, const QString& tool_tip)
     field->setPalette(palette);
     field->setProperty(tint_property, static_cast<int>(kind));
     field->setToolTip(tool_tip);
+}
+
+QColor TintedGround(const QWidget* widget, TintKind kind)
+{
+    const QColor ground = widget->palette().color(QPalette::Base);
+    return kind == TintKind::None ? ground : Blend(ground, TintColour(kind));
+}
+
+void ShareOneLine(const std::vector<QLineEdit*>& fields, qsizetype longest_line)
+{
+    for (QLineEdit* typed : fields) {
+        QObject::connect(typed, &QLineEdit::textEdited, typed, [typed, fields, longest_line] {
+            qsizetype length = static_cast<qsizetype>(fields.size()) - 1; // the separators
+            for (const QLineEdit* field : fields)
+                length += field->text().size();
+            if (length > longest_line)
+                typed->setText(
+                    typed->text().chopped(qMin(typed->text().size(), length - longest_line)));
+        });
+    }
 }
 
 TintKind TintOf(const QWidget* field)

@@ -3,7 +3,10 @@
 
 #include "controls/controls.h"
 
+#include <QColor>
 #include <QString>
+
+#include <vector>
 
 class QAbstractItemView;
 class QLabel;
@@ -41,12 +44,19 @@ void MakePrimary(QPushButton* button);
 /// cut off says it whole.
 void MakeRowsRoomy(QAbstractItemView* list);
 
-enum class TintKind { None, Unsaved, Wrong, OtherYear };
+enum class TintKind { None, Unsaved, Wrong, OtherYear, Doubtful };
+
+/// The ground of that tint for a widget, on light and dark desktops alike; None: its own ground.
+QColor TintedGround(const QWidget* widget, TintKind kind);
 
 /// Colours the field's ground (light and dark desktops alike) and shows the tool tip while it is
 /// tinted; None gives the field its own colours and its own tool tip back. Tints say something,
 /// they never change behaviour.
 void Tint(QWidget* field, TintKind kind, const QString& tool_tip = {});
+
+/// What is typed into these fields goes into one line of a file, joined with one separator: the
+/// text that is typed is cut off where the line would become longer than that many characters.
+void ShareOneLine(const std::vector<QLineEdit*>& fields, qsizetype longest_line);
 
 /// The tint of a field, None when it has its own colours.
 TintKind TintOf(const QWidget* field);
