@@ -111,18 +111,6 @@ void GoToControl(Program& program, const LinkTarget& target)
 
 } // namespace
 
-bool MemberFormDiffers(const Program& program)
-{
-    const QStringList stored
-        = SplitRecord(program.Members.RecordList.value(program.Member.CurrentMember));
-    const MemberRecord typed = TypedRecord(program.MembersTab);
-    for (int field = 0; field < MemberFieldCount; ++field) {
-        if (typed[field] != FieldOrEmpty(stored, field))
-            return true;
-    }
-    return false;
-}
-
 void FollowLink(Program& program, const LinkTarget& target)
 {
     switch (target.kind) {

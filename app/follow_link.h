@@ -10,7 +10,3 @@ struct Program;
 /// control. Unsaved texts in the member form are not left without a question. A target that is
 /// there no more leads to its tab.
 void FollowLink(Program& program, const LinkTarget& target);
-
-/// True when the member form or the readings hold another text than the record that is shown; while
-/// a new member is typed, when any field is filled.
-bool MemberFormDiffers(const Program& program);

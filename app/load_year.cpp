@@ -62,6 +62,7 @@ QHBoxLayout* BuildYearRow(Program& program, QWidget* parent)
 
 void ShowYear(Program& program)
 {
+    ShowYearNotes(program);
     QLineEdit* year_box = program.YearRow.Text2;
     year_box->setText(program.Year.YearText);
     const QString& year = program.Year.YearText;
@@ -111,9 +112,21 @@ void ShowFirstOrCurrentMember(Program& program)
 
 } // namespace
 
+void ReadMembersOfYear(Program& program)
+{
+    const BillingYear& year = program.Year.YearText;
+    program.Year.Troubles.NotLoaded.insert(year); // should reading throw
+    const BothYears read = ReadBothYears(program.Files, year);
+    program.Members = read.Lists;
+    program.Year.LoadedYear = year;
+    program.Year.Troubles.NotLoaded.remove(year);
+    if (read.PreviousYearError)
+        ReportError(program.Errors, program.Ask, *read.PreviousYearError);
+}
+
 void LoadYear(Program& program)
 {
-    const QString& year = program.Year.YearText;
+    const BillingYear& year = program.Year.YearText;
     if (!FileExists(program.Files, MembersFileName(year))) {
         MessageBox box;
         box.text = NoDataForYear(year);
@@ -122,8 +135,7 @@ void LoadYear(Program& program)
         return;
     }
     const RedrawsPostponed until_done(program);
-    program.Members = ReadBothYears(program.Files, year);
-    program.Year.LoadedYear = year;
+    ReadMembersOfYear(program);
     ClearLedgers(program);
     ClearFields(program, 1);
     ShowYear(program);

@@ -22,6 +22,11 @@ QHBoxLayout* BuildYearRow(Program& program, QWidget* parent);
 /// Command3(index): 0 one year forward (not past today's year), 1 one year back. Nothing is loaded.
 void StepYear(Program& program, int index);
 
+/// Reads the members of YearText and last year's lines; that year is the loaded one then. What is
+/// wrong with last year's file is shown. Throws RuntimeError for this year's file; the lists stay
+/// as they were, and the file is not written until it could be loaded.
+void ReadMembersOfYear(Program& program);
+
 /// Command4 "Laden": reloads every list of YearText and redraws all that depends on them; without a
 /// members file the box "Datenfehler" is shown and everything loaded before stays.
 void LoadYear(Program& program);

@@ -8,6 +8,7 @@
 #include "app/main_window.h"
 #include "app/start_up.h"
 #include "app/tab_guard.h"
+#include "app/year_notes.h"
 #include "backup/backup_form.h"
 #include "cashbook/cashbook_controls.h"
 #include "cashbook/ledger.h"
@@ -21,7 +22,9 @@
 #include "members/member_fields_form.h"
 #include "members/member_form.h"
 #include "members/member_lists.h"
+#include "members/member_marks_form.h"
 #include "members/member_names_form.h"
+#include "members/member_saving.h"
 #include "members/member_tab_form.h"
 #include "report/report_form.h"
 #include "settings/bank_settings.h"
@@ -43,6 +46,7 @@ struct YearState {
     qint16 YearNumber
         = 0; ///< the start-up year as a number; prices are carried over only into this year
     BillingYear LoadedYear; ///< the year of the lists in memory; empty before the first load
+    MemberTroubles Troubles;
     QString CurrentLedgerName; ///< kept as written by the loading sequence; nothing reads it
 };
 
@@ -67,6 +71,7 @@ struct Program {
     YearForm YearRow; // tab "Stammdaten", as the next two
     MemberForm MembersTab;
     MemberNamesForm NameLists;
+    ::YearNotes YearNotes; // on every tab
     StatementForm StatementPreview; // tab "Druckvorlagen"
     PrintFrameForm PrintFrame; // the frame "Drucken" on the tab "Druckvorlagen"
     CashBookForm CashBookTab; // tab "Kontoführung"

@@ -36,28 +36,41 @@ void BeginNewYear(Program& program)
     const QString last_year = PreviousYear(year);
     MemberLists lists;
     ReadMembersFile(lists, program.Files, last_year);
+    DropBlankLinesAtEnd(lists);
     lists.RecordList
         = RollReadingsForward(lists.RecordList, FileNameOf(MembersFileName(last_year)));
     lists.PreviousYearMissing = true;
     WriteMembersFile(lists, program.Files, year);
     program.Members = lists;
+    program.Year.LoadedYear = year;
 }
 
-void ReadMembersOfTheYear(Program& program)
+/// What went wrong is noted: a member saved in this run would be all that the new year ever has.
+void TryToBeginNewYear(Program& program)
+{
+    try {
+        BeginNewYear(program);
+    } catch (const RuntimeError& error) {
+        program.Year.Troubles.RollForward = error;
+        program.Year.Troubles.RollForwardYear = program.Year.YearText;
+        throw;
+    }
+}
+
+void TakeTodaysMembers(Program& program)
 {
     const QString& year = program.Year.YearText;
     const bool this_year = FileExists(program.Files, MembersFileName(year));
     const bool last_year = FileExists(program.Files, MembersFileName(PreviousYear(year)));
     if (this_year && last_year)
-        program.Members = ReadBothYears(program.Files, year);
+        ReadMembersOfYear(program);
     else if (last_year)
-        BeginNewYear(program);
+        TryToBeginNewYear(program);
     else {
         program.Members.PreviousYearMissing
             = false; // a file of this year alone is read by LoadYear
         return;
     }
-    program.Year.LoadedYear = year;
     ClearFields(program, 1);
     ShowNameList(program);
     ShowCashBookNames(program);
@@ -86,7 +99,7 @@ void StartUp(Program& program)
         ShowSettingsYear(program);
         ShowClubName(program);
         ShowYear(program);
-        RunStep(program, ReadMembersOfTheYear);
+        RunStep(program, TakeTodaysMembers);
         RunStep(program, ReadCashBoxLedger);
         SetUpLedgerColumns(program);
         MakeBankAccountCurrent(program);

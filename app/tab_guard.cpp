@@ -116,6 +116,8 @@ void TabChanged(Program& program, int new_tab)
 
 bool AskForUnsaved(Program& program)
 {
+    if (MemberFormDiffers(program) && !Confirmed(program, AskLeaveMember))
+        return false;
     bool asked_for_settings = false;
     const auto done = [&program](const auto& question) {
         bool without_error = false;

@@ -7,9 +7,10 @@ struct Program;
 /// prices, bank.
 void TabChanged(Program& program, int new_tab);
 
-/// The questions that closing the window by its frame asks: those of TabChanged for everything
-/// unsaved. False when a "Ja" could not be carried out; the error box has been shown then and the
-/// window should stay.
+/// The questions that closing the window by its frame asks: whether the member form may be left as
+/// it is, then those of TabChanged for everything unsaved. False when the window should stay: the
+/// first was answered with "Nein", or a "Ja" could not be carried out and the error box has been
+/// shown.
 bool AskForUnsaved(Program& program);
 
 /// Command8 "Beenden": ends the program at once and asks nothing.

@@ -25,6 +25,9 @@ inline const QString AskSaveBank
     = QStringLiteral("Sie haben die Bankverbindung oder Namen in den Einstellungen geändert. "
                      "Sollen die Änderungen gespeichert werden ?");
 
+inline const QString AskLeaveMember = QStringLiteral(
+    "Die Angaben im Formular sind nicht gespeichert. Soll das Programm trotzdem beendet werden ?");
+
 inline const QString ClubNameHint = QStringLiteral(
     "Hier bitte Ihren Vereinsnamen eingeben z.B.: KGV \"Lindenblick\" e.V. Wiesenrode");
 inline const QString ClubNamePlaceholder = QStringLiteral("Vereinsname");

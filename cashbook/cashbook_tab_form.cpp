@@ -2,6 +2,7 @@
 // booking that is typed and the lists that fill its fields.
 #include "cashbook/cashbook_tab_form.h"
 
+#include "app/program.h"
 #include "cashbook/booking_form.h"
 #include "cashbook/ledger_form.h"
 #include "cashbook/ledger_view_form.h"
@@ -13,6 +14,7 @@
 #include <QFrame>
 #include <QGridLayout>
 #include <QHBoxLayout>
+#include <QLabel>
 #include <QPushButton>
 #include <QTableView>
 #include <QVBoxLayout>
@@ -33,6 +35,9 @@ QHBoxLayout* ArrangeBooking(Program& program, QWidget* tab)
     booking->addWidget(BuildCalendar(program, tab));
     QFrame* frame = BuildBookingFrame(program, tab);
     auto* grid = static_cast<QGridLayout*>(frame->layout());
+    grid->addWidget(
+        MakeYearNote(program, frame, YearNoteKind::Save, QStringLiteral("YearNoteLedger")),
+        grid->rowCount(), 0, 1, -1);
     grid->addLayout(BuildLedgerButtons(program, frame), grid->rowCount(), 0, 1, -1);
     booking->addWidget(frame, 1);
     return booking;
@@ -55,6 +60,8 @@ void BuildCashBookTab(Program& program, QWidget* tab)
     column->setContentsMargins(TabSpacing, TabSpacing, TabSpacing, TabSpacing);
     column->setSpacing(TabSpacing);
     column->addLayout(ArrangeHead(program, tab));
+    column->addWidget(
+        MakeYearNote(program, tab, YearNoteKind::Balance, QStringLiteral("YearNoteBalance")));
     column->addWidget(BuildLedgerView(program, tab), 1);
     auto* below = new QBoxLayout(QBoxLayout::LeftToRight);
     below->setSpacing(TabSpacing);

@@ -7,6 +7,7 @@
 #include "controls/frames.h"
 #include "data/records.h"
 #include "members/member_editing.h"
+#include "members/member_marks_form.h"
 
 #include <QFrame>
 #include <QGridLayout>
@@ -113,16 +114,8 @@ void ShowText(QLineEdit* field, const QString& text)
     field->setCursorPosition(0); // a long text shows its beginning
 }
 
-QString UnsavedToolTip(const QString& stored)
-{
-    const QString not_yet = QStringLiteral("Noch nicht gespeichert. ");
-    return stored.isEmpty() ? not_yet + QStringLiteral("Gespeichert ist hier nichts.")
-                            : not_yet + QStringLiteral("Gespeichert ist „%1“.").arg(stored);
-}
-
 /// A difference stays as it is while one of its readings is empty.
-void ComputeDifference(
-    Program& program, MemberField start, MemberField end, QLineEdit* difference_field)
+void ComputeDifference(Program& program, MemberField start, MemberField end)
 {
     const MemberRecord fields = TypedRecord(program.MembersTab);
     const auto place = [&](MemberField field) {
@@ -131,7 +124,7 @@ void ComputeDifference(
     const QString difference
         = MeterDifference(fields[start], fields[end], place(start), place(end));
     if (!difference.isEmpty())
-        difference_field->setText(difference);
+        DifferenceOf(program.MembersTab, start)->setText(difference);
 }
 
 /// What ConnectFields does for one of the fields of the frame "Adresse".
@@ -155,6 +148,12 @@ void ConnectFields(Program& program, int first, int last)
     }
 }
 
+void ConnectDifference(Program& program, MemberField start)
+{
+    On(program, DifferenceOf(program.MembersTab, start), &QLineEdit::textChanged,
+        [start](Program& p) { ShowDifferenceState(p, start); });
+}
+
 } // namespace
 
 QGroupBox* BuildAddressFields(Program& program, QWidget* parent)
@@ -166,6 +165,7 @@ QGroupBox* BuildAddressFields(Program& program, QWidget* parent)
         QStringLiteral("Bitte tragen Sie hier die Mitglieder am besten nach Gartennummer ein. "));
     hint->setWordWrap(true);
     int row = 0;
+    grid->addWidget(MakeShiftNotice(program, frame), row++, Caption, 1, all_columns);
     grid->addWidget(hint, row++, Caption, 1, all_columns);
     for (int field = Surname; field <= Telephone; ++field)
         AddField(form, frame, field, row++, Caption);
@@ -194,6 +194,12 @@ void BuildMeterFields(Program& program, QGroupBox* frame)
     column->addWidget(MakeMeter(form, frame, QStringLiteral("Strom"), QStringLiteral("KWh"), 0));
     column->addWidget(MakeMeter(form, frame, QStringLiteral("Wasser"), QStringLiteral("m³"), 3));
     ConnectFields(program, ElectricityStart, WaterEnd);
+    ConnectDifference(program, ElectricityStart);
+    ConnectDifference(program, WaterStart);
+    std::vector<QLineEdit*> record;
+    for (int field = 0; field < MemberFieldCount; ++field)
+        record.push_back(ControlOfField(form, field));
+    ShareOneLine(record, LongestLine);
 }
 
 QLineEdit* ControlOfField(const MemberForm& form, int field)
@@ -203,6 +209,11 @@ QLineEdit* ControlOfField(const MemberForm& form, int field)
         return form.Text3.at(index);
     constexpr std::array<std::size_t, 4> readings { 0, 1, 3, 4 }; // 2 and 5 are the differences
     return form.Text1.at(readings.at(index - ElectricityStart));
+}
+
+QLineEdit* DifferenceOf(const MemberForm& form, MemberField start)
+{
+    return form.Text1.at(start == ElectricityStart ? 2 : 5);
 }
 
 MemberRecord TypedRecord(const MemberForm& form)
@@ -223,30 +234,6 @@ void ClearFields(Program& program, int group)
         ClearAll(program.SettingsTab.Text4);
 }
 
-void ShowFieldState(Program& program, int field)
-{
-    QLineEdit* control = ControlOfField(program.MembersTab, field);
-    const QString stored = StoredText(program.Members, program.Member, field);
-    switch (StateOf(field, control->text(), stored)) {
-    case FieldState::Stored:
-        return Tint(control, TintKind::None);
-    case FieldState::Unsaved:
-        return Tint(control, TintKind::Unsaved, UnsavedToolTip(stored));
-    case FieldState::NoNumber:
-        return; // tinted by the field itself
-    case FieldState::Separator:
-        return Tint(control, TintKind::Wrong,
-            QStringLiteral("Der Strichpunkt trennt in der Datei die Felder: Nach dem Speichern "
-                           "steht alles dahinter ein Feld weiter."));
-    }
-}
-
-void ShowFieldStates(Program& program)
-{
-    for (int field = 0; field < MemberFieldCount; ++field)
-        ShowFieldState(program, field);
-}
-
 void ShowRecord(Program& program, const MemberRecord& fields)
 {
     for (int field = 0; field < MemberFieldCount && field < fields.size(); ++field)
@@ -256,10 +243,10 @@ void ShowRecord(Program& program, const MemberRecord& fields)
 void ComputeDifferences(Program& program)
 {
     const MemberForm& form = program.MembersTab;
-    ComputeDifference(program, ElectricityStart, ElectricityEnd, form.Text1[2]);
-    ComputeDifference(program, WaterStart, WaterEnd, form.Text1[5]);
-    program.Member.ElectricityDifference = form.Text1[2]->text();
-    program.Member.WaterDifference = form.Text1[5]->text();
+    ComputeDifference(program, ElectricityStart, ElectricityEnd);
+    ComputeDifference(program, WaterStart, WaterEnd);
+    program.Member.ElectricityDifference = DifferenceOf(form, ElectricityStart)->text();
+    program.Member.WaterDifference = DifferenceOf(form, WaterStart)->text();
 }
 
 void MemberFieldClicked(Program& program, int field)

@@ -20,6 +20,9 @@ void BuildMeterFields(Program& program, QGroupBox* frame);
 /// The control of record field 0 to 15: Text3(0) to Text3(11), Text1(0), (1), (3), (4).
 QLineEdit* ControlOfField(const MemberForm& form, int field);
 
+/// The difference of the meter whose start reading that is: Text1(2) or Text1(5).
+QLineEdit* DifferenceOf(const MemberForm& form, MemberField start);
+
 /// The 16 texts of the form, as they go into the record.
 MemberRecord TypedRecord(const MemberForm& form);
 
@@ -29,12 +32,6 @@ void ClearFields(Program& program, int group);
 
 /// Fills the fields with a record's texts; for missing ones (a short record) they stay as they are.
 void ShowRecord(Program& program, const MemberRecord& fields);
-
-/// Tints record field 0 to 15 by how its text stands to the file.
-void ShowFieldState(Program& program, int field);
-
-/// ShowFieldState for all of them.
-void ShowFieldStates(Program& program);
 
 /// Both differences, in their fields and in the member state; a difference stays as it is while one
 /// of its readings is empty. Throws RuntimeError TypeMismatch for a reading that is no number.

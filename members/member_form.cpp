@@ -7,14 +7,18 @@
 #include "controls/frames.h"
 #include "data/records.h"
 #include "members/member_editing.h"
+#include "members/member_marks_form.h"
 #include "members/member_saving.h"
 
 #include <QGridLayout>
 #include <QGroupBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QShortcut>
 #include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -47,8 +51,8 @@ QHBoxLayout* BuildMemberButtons(MemberForm& form, QGroupBox* frame)
 /// SaveMembers for the chosen year; an error that does not matter is shown and ends nothing.
 void WriteMembers(Program& program, const MemberLists& lists, const QString& what_is_left)
 {
-    const std::optional<RuntimeError> shown = SaveMembers(
-        lists, program.Files, program.Year.YearText, program.Year.LoadedYear, what_is_left);
+    const std::optional<RuntimeError> shown = SaveMembers(lists, program.Files,
+        program.Year.YearText, program.Year.LoadedYear, program.Year.Troubles, what_is_left);
     if (shown)
         ReportError(program.Errors, program.Ask, *shown);
 }
@@ -65,22 +69,17 @@ void ReloadAfterWriting(Program& program)
         return;
     program.Member.CurrentMember
         = 0; // a year that cannot be read again leaves the lists as written
+    ShowYear(program);
     ShowNameList(program);
     ShowMember(program);
 }
 
-/// Readings that could not be entered are in the record all the same, and not in the file.
-bool DiffersFromRecordOrFile(const Program& program)
+/// Steps stay in the meter that they were made in; from a button it is electricity.
+QLineEdit* EndReadingInUse(const MemberForm& form)
 {
-    const MemberRecord typed = TypedRecord(program.MembersTab);
-    const MemberRecord record
-        = SplitRecord(program.Members.RecordList.value(program.Member.CurrentMember));
-    for (int field = 0; field < MemberFieldCount; ++field) {
-        if (typed[field] != StoredText(program.Members, program.Member, field)
-            || typed[field] != FieldOrEmpty(record, field))
-            return true;
-    }
-    return false;
+    const bool water = ControlOfField(form, WaterStart)->hasFocus()
+        || ControlOfField(form, WaterEnd)->hasFocus();
+    return ControlOfField(form, water ? WaterEnd : ElectricityEnd);
 }
 
 void StepKey(Program& program, QGroupBox* frame, int key, int direction)
@@ -119,6 +118,8 @@ QGroupBox* BuildAddress(Program& program, QWidget* parent)
     QGridLayout* grid = GridOf(frame);
     int row = grid->rowCount();
     grid->setRowMinimumHeight(row++, FrameSpacing);
+    grid->addWidget(MakeYearNote(program, frame, YearNoteKind::Save, u"YearNoteMember"_s), row++, 0,
+        1, grid->columnCount());
     grid->addLayout(
         BuildMemberButtons(program.MembersTab, frame), row++, 0, 1, grid->columnCount());
     grid->setRowStretch(row, 1);
@@ -139,6 +140,8 @@ QGroupBox* BuildReadings(Program& program, QWidget* parent)
                            "vorige Mitglied.")),
         QStringLiteral("Command2"));
     MakePrimary(form.Command2);
+    frame->layout()->addWidget(
+        MakeYearNote(program, frame, YearNoteKind::Ok, u"YearNoteReadings"_s));
     frame->layout()->addWidget(form.Command2);
     frame->layout()->setAlignment(form.Command2, Qt::AlignLeft);
     ConnectReadings(program, frame);
@@ -223,11 +226,11 @@ void EnterReadings(Program& program)
 
 void StepMember(Program& program, int direction)
 {
-    if (DiffersFromRecordOrFile(program))
+    QLineEdit* end_reading = EndReadingInUse(program.MembersTab);
+    if (MemberFormDiffers(program))
         EnterReadings(program);
     const int next
         = NeighbourOf(program.Member.CurrentMember, direction, program.Members.RecordList.size());
-    QLineEdit* end_reading = program.MembersTab.Text1[1];
     end_reading->setFocus(); // before a member that cannot be shown whole ends this
     SelectMember(program, next);
     end_reading->selectAll();

@@ -5,6 +5,7 @@
 #include <array>
 
 class QGroupBox;
+class QLabel;
 class QLineEdit;
 class QPushButton;
 class QWidget;
@@ -15,6 +16,7 @@ struct MemberForm {
     std::array<QLineEdit*, 12> Text3 {}; ///< member fields, record fields 0 to 11
     std::array<QLineEdit*, 6>
         Text1 {}; ///< readings and differences: electricity 0 to 2, water 3 to 5
+    QLabel* ShiftNotice = nullptr; ///< over the address, for a record with too many fields
     QPushButton* Command14 = nullptr; ///< "Neu Anlegen"
     QPushButton* Command1Save = nullptr; ///< Command1(0) "Speichern"
     QPushButton* Command1Delete = nullptr; ///< Command1(2) "Löschen"
@@ -45,5 +47,5 @@ void DeleteMember(Program& program);
 void EnterReadings(Program& program);
 
 /// Ctrl+Down (1) and Ctrl+Up (-1) in the readings: enters what was typed, then shows the member
-/// below or above with the electricity end reading selected for typing.
+/// below or above with the end reading of the same meter selected for typing.
 void StepMember(Program& program, int direction);

@@ -50,12 +50,26 @@ void ReadPreviousYear(MemberLists& lists, const DataFiles& files, const BillingY
     lists.PreviousYearRead = is_there;
 }
 
-MemberLists ReadBothYears(const DataFiles& files, const BillingYear& year_text)
+BothYears ReadBothYears(const DataFiles& files, const BillingYear& year_text)
 {
-    MemberLists lists;
-    ReadMembersFile(lists, files, year_text);
-    ReadPreviousYear(lists, files, year_text);
-    return lists;
+    BothYears read;
+    ReadMembersFile(read.Lists, files, year_text);
+    try {
+        ReadPreviousYear(read.Lists, files, year_text);
+    } catch (const RuntimeError& error) {
+        read.PreviousYearError = error;
+        read.Lists.PreviousYearRead = true; // it is there, and has no line for anybody
+    }
+    return read;
+}
+
+void DropBlankLinesAtEnd(MemberLists& lists)
+{
+    while (!lists.RecordList.isEmpty() && lists.RecordList.last().trimmed().isEmpty()) {
+        for (QStringList* list : { &lists.RecordList, &lists.StoredList, &lists.NameList,
+                 &lists.CashBookNameList, &lists.InstalmentList })
+            list->removeLast();
+    }
 }
 
 QStringList RollReadingsForward(const QStringList& records, const QString& file_name)

@@ -10,6 +10,8 @@
 #include <QString>
 #include <QStringList>
 
+#include <optional>
+
 /// The parallel lists of a loaded year; position k of each describes line k of the members file.
 struct MemberLists {
     QStringList RecordList; ///< List2: the lines as they stand in the file; the master copy
@@ -42,8 +44,18 @@ void ReadMembersFile(MemberLists& lists, const DataFiles& files, const BillingYe
 /// such file. Throws RuntimeError (File, Overflow) and leaves the lists as they were then.
 void ReadPreviousYear(MemberLists& lists, const DataFiles& files, const BillingYear& year_text);
 
-/// This year's members and last year's lines, read into fresh lists. Throws like the two above.
-MemberLists ReadBothYears(const DataFiles& files, const BillingYear& year_text);
+/// This year's members with last year's lines, and what kept last year's from being read.
+struct BothYears {
+    MemberLists Lists;
+    std::optional<RuntimeError> PreviousYearError;
+};
+
+/// Reads both into fresh lists. A file of last year that cannot be read keeps nothing shut: its
+/// list counts as read and too short then. Throws RuntimeError for this year's file alone.
+BothYears ReadBothYears(const DataFiles& files, const BillingYear& year_text);
+
+/// Takes the lines without any text at the end of the file out of the member lists.
+void DropBlankLinesAtEnd(MemberLists& lists);
 
 /// Last year's end readings become the start readings, end readings become empty; everything else
 /// is carried over. Throws RuntimeError SubscriptOutOfRange for a record with fewer than 16 fields,

@@ -4,14 +4,19 @@
 #include "app/program.h"
 #include "controls/fields.h"
 #include "controls/frames.h"
+#include "data/records.h"
+#include "members/record_doubts.h"
 
 #include <QGroupBox>
+#include <QLabel>
 #include <QListWidget>
 #include <QMouseEvent>
 #include <QScrollBar>
 #include <QSignalBlocker>
 #include <QTreeWidget>
 #include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -55,6 +60,22 @@ bool OverviewPressed(Program& program, QEvent& event)
     return false;
 }
 
+/// What an empty list says; it lies on the list, which takes the mouse as ever.
+QLabel* MakeFirstSteps(QListWidget* list)
+{
+    auto* text = Named(
+        new QLabel(u"Noch keine Mitglieder. Mit „Neu Anlegen“ beginnen; F1 zeigt die Schritte."_s,
+            list->viewport()),
+        u"FirstSteps"_s);
+    text->setTextFormat(Qt::PlainText);
+    text->setWordWrap(true);
+    text->setAlignment(Qt::AlignTop | Qt::AlignHCenter);
+    text->setForegroundRole(QPalette::PlaceholderText);
+    text->setAttribute(Qt::WA_TransparentForMouseEvents);
+    (new QVBoxLayout(list->viewport()))->addWidget(text, 0, Qt::AlignTop);
+    return text;
+}
+
 void ConnectNames(Program& program)
 {
     QListWidget* names = program.NameLists.List1;
@@ -73,6 +94,20 @@ void ConnectOverview(Program& program)
     OnEvent(program, overview->viewport(), QEvent::MouseButtonPress, OverviewPressed);
 }
 
+/// Names whose line has too many fields.
+void MarkShiftedRecords(const Program& program)
+{
+    QListWidget* list = program.NameLists.List1;
+    const QStringList& records = program.Members.RecordList;
+    for (int row = 0; row < list->count(); ++row) {
+        const bool shifted = records.value(row).count(u';') >= MemberFieldCount;
+        QListWidgetItem* item = list->item(row);
+        item->setData(Qt::ToolTipRole, shifted ? ShiftText(SplitRecord(records[row])) : QVariant());
+        item->setBackground(
+            shifted ? QBrush(TintedGround(list, TintKind::Wrong)) : QBrush(Qt::NoBrush));
+    }
+}
+
 } // namespace
 
 QGroupBox* BuildNameList(Program& program, QWidget* parent)
@@ -85,6 +120,7 @@ QGroupBox* BuildNameList(Program& program, QWidget* parent)
     form.List1->setToolTip(
         QStringLiteral("Pfeiltasten wählen ein Mitglied, Tippen sucht den Nachnamen."));
     FillFrame(frame, form.List1);
+    form.FirstSteps = MakeFirstSteps(form.List1);
     ConnectNames(program);
     return frame;
 }
@@ -139,6 +175,8 @@ void ShowNameList(Program& program)
         else if (list->item(row)->text() != name)
             list->item(row)->setText(name);
     }
+    MarkShiftedRecords(program);
+    program.NameLists.FirstSteps->setVisible(names.isEmpty());
     MarkShownMember(program);
 }
 

@@ -4,6 +4,7 @@
 #include <QStringList>
 
 class QGroupBox;
+class QLabel;
 class QListWidget;
 class QTreeWidget;
 class QWidget;
@@ -11,6 +12,7 @@ struct Program;
 
 struct MemberNamesForm {
     QListWidget* List1 = nullptr; ///< "Mitglieder Namen"
+    QLabel* FirstSteps = nullptr; ///< on List1 while there is no member
     QTreeWidget* ListView2 = nullptr; ///< member overview in the frame "Mittglieder"
 };
 

@@ -121,6 +121,7 @@ PriceFrame BuildPriceFrame(Program& program, QWidget* parent)
     QGridLayout* grid = GridOf(frame);
     grid->addWidget(form.Label4, 0, 0);
     grid->addLayout(columns, 1, 0);
+    grid->addWidget(MakeYearNote(program, frame, YearNoteKind::Save, u"YearNotePrices"_s), 2, 0);
     AddSaveRow(grid, form.PricesMark, form.Command5);
     grid->setColumnStretch(1, 1); // the button stays with the calendars in a wide frame
     ConnectPriceFrame(program);

@@ -54,8 +54,8 @@ private Q_SLOTS:
     {
         const Club club;
         club.Put(u"2017"_s, "Berta\r\n");
-        const RuntimeError error
-            = ErrorOf([&] { SaveMembers(OneMember(), club.files, u"2017"_s, {}, u"Das Ende."_s); });
+        const RuntimeError error = ErrorOf(
+            [&] { SaveMembers(OneMember(), club.files, u"2017"_s, {}, {}, u"Das Ende."_s); });
         QVERIFY(error.where.remedy.contains(u"nicht geladen"_s));
         QCOMPARE(error.where.file, u"Mitgliedsdaten2017.pz"_s);
         QCOMPARE(club.Get(u"2017"_s), QByteArray("Berta\r\n"));
@@ -64,7 +64,7 @@ private Q_SLOTS:
     void a_year_without_a_file_gets_one()
     {
         const Club club;
-        QVERIFY(!SaveMembers(OneMember(), club.files, u"2017"_s, {}, {}));
+        QVERIFY(!SaveMembers(OneMember(), club.files, u"2017"_s, {}, {}, {}));
         QCOMPARE(club.Get(u"2017"_s), QByteArray("Alt;Eva\r\n"));
     }
 
@@ -72,8 +72,8 @@ private Q_SLOTS:
     {
         const Club club;
         QDir(club.files.DataDirectory).mkdir(u"Mitgliedsdaten2017.pz"_s); // a folder in its place
-        const RuntimeError error
-            = ErrorOf([&] { SaveMembers(OneMember(), club.files, u"2017"_s, {}, u"Das Ende."_s); });
+        const RuntimeError error = ErrorOf(
+            [&] { SaveMembers(OneMember(), club.files, u"2017"_s, {}, {}, u"Das Ende."_s); });
         QVERIFY2(error.where.remedy.endsWith(u"Das Ende."_s), qPrintable(error.where.remedy));
     }
 };

@@ -20,8 +20,10 @@ QWidget* Tab(const MemberClub& club) { return club.Names()->parentWidget()->pare
 QStringList CaptionsIn(const QWidget* frame)
 {
     QStringList texts;
-    for (const QLabel* label : frame->findChildren<QLabel*>())
-        texts += label->text();
+    for (const QLabel* label : frame->findChildren<QLabel*>()) {
+        if (!label->isHidden())
+            texts += label->text();
+    }
     return texts;
 }
 

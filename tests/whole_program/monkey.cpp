@@ -190,6 +190,44 @@ void MeddleWithFiles(Monkey& monkey)
     monkey.ErrorSinceLoad = true; // the lists are older than the files until the next load
 }
 
+/// Files as a full disk, another system or a stranger's program leaves them.
+void DamageAFile(Monkey& monkey)
+{
+    monkey.LastAction = QStringLiteral("damaging a file");
+    TestClub& club = monkey.Club;
+    const QString year = Below(monkey, 2) == 0 ? QStringLiteral("2016") : QStringLiteral("2017");
+    const QString name = QStringLiteral("Mitgliedsdaten") + year + QStringLiteral(".pz");
+    if (Below(monkey, 2) == 0)
+        club.Write(name, club.Read(name) + QByteArray(40000, 'x') + "\r\n");
+    else
+        club.Write(name, club.Read(name).replace('\r', "")); // LF alone
+    monkey.ErrorSinceLoad = true;
+}
+
+void StepTheYear(Monkey& monkey)
+{
+    monkey.LastAction = QStringLiteral("stepping the year");
+    const char* button = Below(monkey, 2) == 0 ? "Command3(0)" : "Command3(1)";
+    QTest::mouseClick(monkey.Club.Control<QPushButton>(button), Qt::LeftButton);
+}
+
+/// The program ends and starts again; sometimes it is a new year whose old one has a damaged line.
+void StartAnew(Monkey& monkey)
+{
+    TestClub& club = monkey.Club;
+    Program& program = club.program;
+    if (Below(monkey, 2) == 0) {
+        QFile::remove(club.Path(QStringLiteral("Mitgliedsdaten2017.pz")));
+        club.Write(QStringLiteral("Mitgliedsdaten2016.pz"),
+            club.Read(QStringLiteral("Mitgliedsdaten2016.pz")) + "kurz;zeile\r\n");
+    }
+    program.Year = {};
+    program.Members = {};
+    StartUp(program);
+    monkey.LastAction = QStringLiteral("starting anew with Command4");
+    monkey.ErrorSinceLoad = true;
+}
+
 /// The club's own files again, the present year, "Laden": from here on lists and files are alike.
 void StartAfresh(Monkey& monkey)
 {
@@ -222,7 +260,72 @@ bool FileHolds(const Monkey& monkey, const QString& name, const QStringList& lin
 {
     if (!FileExists(monkey.Club.program.Files, name))
         return lines.isEmpty();
-    return ReadBytes(monkey.Club.program.Files, name) == BytesOfLines(lines);
+    const QByteArray bytes = ReadBytes(monkey.Club.program.Files, name);
+    return bytes == BytesOfLines(lines)
+        || (!bytes.contains('\r') && ReadLines(monkey.Club.program.Files, name) == lines);
+}
+
+/// What a step found: the members files and how the years stood.
+struct Before {
+    QMap<QString, QByteArray> MembersFiles; ///< by year; a null array: no file
+    QStringList Records;
+    YearState Year;
+    bool YearNoteShown = false;
+};
+
+Before Remember(const Monkey& monkey)
+{
+    const TestClub& club = monkey.Club;
+    Before before;
+    for (const char* year : { "2015", "2016", "2017" }) {
+        const QString name = QStringLiteral("Mitgliedsdaten%1.pz").arg(QLatin1String(year));
+        before.MembersFiles[QLatin1String(year)]
+            = club.Exists(name) ? QByteArray("").append(club.Read(name)) : QByteArray();
+    }
+    before.Records = club.program.Members.RecordList;
+    before.Year = club.program.Year;
+    before.YearNoteShown = !club.Control<QLabel>("YearNoteMember")->isHidden();
+    return before;
+}
+
+/// How many lines of the one list the other has not.
+qsizetype Missing(const QStringList& lines, QStringList others)
+{
+    qsizetype missing = 0;
+    for (const QString& line : lines)
+        missing += others.removeOne(line) ? 0 : 1;
+    return missing;
+}
+
+/// No member leaves a file unless the user replaced or deleted him or was told.
+void CheckMembersFiles(const Monkey& monkey, const Before& before)
+{
+    for (const char* action : { "meddling", "damaging", "starting", "Command11" }) {
+        if (monkey.LastAction.contains(QLatin1String(action)))
+            return; // other hands, or a backup that replaces files
+    }
+    const Before after = Remember(monkey);
+    for (const QString& year : before.MembersFiles.keys()) {
+        const QByteArray old = before.MembersFiles[year];
+        if (old == after.MembersFiles[year])
+            continue;
+        Check(monkey, year == before.Year.YearText, "only the chosen year is written");
+        const bool was_loaded = before.Year.LoadedYear == year
+            && !before.Year.Troubles.NotLoaded.contains(year); // damaged since
+        Check(monkey, was_loaded || !old.contains(QByteArray(40000, 'x')),
+            "a file that cannot be loaded is not written");
+        Check(monkey,
+            before.Year.LoadedYear.isEmpty() || before.Year.LoadedYear == year
+                || before.YearNoteShown,
+            "a save into another year was said beforehand");
+        Check(monkey,
+            !old.isNull() || !before.Year.Troubles.RollForward
+                || before.Year.Troubles.RollForwardYear != year
+                || before.MembersFiles[PreviousYear(year)].isNull(),
+            "no member is saved before last year's are taken over");
+        Check(monkey, Missing(before.Records, monkey.Club.program.Members.RecordList) <= 1,
+            "at most one member is replaced or deleted in a step");
+    }
 }
 
 void CheckPromises(Monkey& monkey)
@@ -288,7 +391,8 @@ void OneStep(Monkey& monkey)
     };
     static constexpr Way ways[] = { { 40, TypeSomething }, { 30, PressSomething },
         { 30, PickSomething }, { 6, PickADay }, { 4, ToggleSomething }, { 10, ChangeTheTab },
-        { 4, ScrollThePreview }, { 1, MeddleWithFiles }, { 2, StartAfresh } };
+        { 4, ScrollThePreview }, { 1, MeddleWithFiles }, { 1, DamageAFile }, { 2, StepTheYear },
+        { 1, StartAnew }, { 2, StartAfresh } };
     int all = 0;
     for (const Way& way : ways)
         all += way.share;
@@ -356,8 +460,10 @@ int main(int argument_count, char** arguments)
     for (monkey.Step = 1; monkey.Step <= steps; ++monkey.Step) {
         const CashBookState before = monkey.Club.program.CashBook;
         const QString loaded_before = monkey.Club.program.Year.LoadedYear;
+        const Before members_before = Remember(monkey);
         monkey.LastAction.clear();
         OneStep(monkey);
+        CheckMembersFiles(monkey, members_before);
         if (monkey.LastAction == QStringLiteral("pressing Command4") && monkey.Club.Boxes.isEmpty())
             monkey.ErrorSinceLoad = false;
         CheckLedgerSteps(monkey, before, loaded_before);
