@@ -14,7 +14,7 @@ namespace {
 
 const QString eva = u"Alt;Eva;Weg 1;12345 Ort;0123;7;300;2;1,00;2,00;3,00;4,00;100;150;20;25\r\n"_s;
 
-QWidget* Tab(const MemberClub& club) { return club.Names()->parentWidget()->parentWidget(); }
+QWidget* TabPage(const MemberClub& club) { return club.Names()->parentWidget()->parentWidget(); }
 
 /// Texts in front of and behind the fields, as they are seen.
 QStringList CaptionsIn(const QWidget* frame)
@@ -37,7 +37,7 @@ private Q_SLOTS:
     {
         const MemberClub club(eva);
         QStringList titles;
-        for (const QGroupBox* frame : Tab(club)->findChildren<QGroupBox*>())
+        for (const QGroupBox* frame : TabPage(club)->findChildren<QGroupBox*>())
             titles += frame->title();
         QCOMPARE(QSet<QString>(titles.begin(), titles.end()),
             QSet<QString>({ u"Mitglieder Namen"_s, u"Adresse"_s, u"Zählerstände"_s, u"Strom"_s,
@@ -106,7 +106,7 @@ private Q_SLOTS:
         const QWidget* widget = first;
         do {
             const bool stops = (widget->focusPolicy() & Qt::TabFocus) != 0;
-            if (stops && Tab(club)->isAncestorOf(widget))
+            if (stops && TabPage(club)->isAncestorOf(widget))
                 order += widget->objectName();
             widget = widget->nextInFocusChain();
         } while (widget != first);
@@ -123,7 +123,7 @@ private Q_SLOTS:
     {
         const MemberClub club(eva);
         QSet<QString> names;
-        const QList<QLineEdit*> fields = Tab(club)->findChildren<QLineEdit*>();
+        const QList<QLineEdit*> fields = TabPage(club)->findChildren<QLineEdit*>();
         for (const QLineEdit* field : fields) {
             QVERIFY2(!field->accessibleName().isEmpty(), qPrintable(field->objectName()));
             names += field->accessibleName();
