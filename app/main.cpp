@@ -12,7 +12,8 @@ int main(int argument_count, char** arguments)
     QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
     QApplication application(argument_count, arguments);
     QApplication::setApplicationName(QStringLiteral("Parzello"));
-    QGuiApplication::setDesktopFileName(QStringLiteral("de.parzello.Parzello")); // the desktop's icon
+    QGuiApplication::setDesktopFileName(
+        QStringLiteral("de.parzello.parzello")); // the desktop's icon
     InstallGerman(application);
 
     Program program;
