@@ -23,12 +23,12 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /// The page as it has to look on this screen.
-QImage PageOnScreen(const StatementTab& tab, qsizetype page)
+QImage PageOnScreen(const LoneStatementTab& tab, qsizetype page)
 {
     return PagePicture(tab.program.Statement, page, tab.Tab.devicePixelRatioF());
 }
 
-QImage Shown(const StatementTab& tab)
+QImage Shown(const LoneStatementTab& tab)
 {
     QImage shown
         = tab.program.StatementPreview.P2->grab().toImage().convertToFormat(QImage::Format_RGB32);
@@ -81,7 +81,7 @@ private Q_SLOTS:
 
 void TestStatementForm::the_tab_has_its_frames_captions_and_fields()
 {
-    StatementTab tab(YearOf(u"ordinary-year"_s));
+    LoneStatementTab tab(YearOf(u"ordinary-year"_s));
     QCOMPARE(tab.Control<QGroupBox>("Frame11(1)")->title(), u"Seiten"_s);
     QCOMPARE(tab.Control<QGroupBox>("Frame11(0)")->title(), u"Drucken"_s);
     QCOMPARE(tab.Control<QRadioButton>("Option1")->text(), u"Alles"_s);
@@ -105,7 +105,7 @@ void TestStatementForm::the_tab_has_its_frames_captions_and_fields()
 
 void TestStatementForm::every_input_has_a_name_of_its_own()
 {
-    StatementTab tab(YearOf(u"ordinary-year"_s));
+    LoneStatementTab tab(YearOf(u"ordinary-year"_s));
     QSet<QString> names;
     for (const QWidget* widget : tab.Tab.findChildren<QWidget*>()) {
         if (widget->focusPolicy() == Qt::NoFocus)
@@ -124,7 +124,7 @@ void TestStatementForm::every_input_has_a_name_of_its_own()
 
 void TestStatementForm::after_the_rebuild_page_one_of_n_is_shown()
 {
-    StatementTab tab(YearOf(u"ledger-minus"_s));
+    LoneStatementTab tab(YearOf(u"ledger-minus"_s));
     QCOMPARE(tab.TextOf("Text7"), u"1"_s);
     QCOMPARE(tab.TextOf("Text9"), u"3"_s);
     QCOMPARE(tab.TextOf("Text8(0)"), u"1"_s);
@@ -133,7 +133,7 @@ void TestStatementForm::after_the_rebuild_page_one_of_n_is_shown()
 
 void TestStatementForm::next_and_previous_step_through_the_pages()
 {
-    StatementTab tab(YearOf(u"ledger-minus"_s));
+    LoneStatementTab tab(YearOf(u"ledger-minus"_s));
     for (const QString& page : { u"2"_s, u"3"_s, u"3"_s }) {
         tab.Click("Command9(0)");
         QCOMPARE(tab.TextOf("Text7"), page);
@@ -148,7 +148,7 @@ void TestStatementForm::next_and_previous_step_through_the_pages()
 
 void TestStatementForm::the_shown_page_is_the_recorded_one()
 {
-    StatementTab tab(YearOf(u"ordinary-year"_s));
+    LoneStatementTab tab(YearOf(u"ordinary-year"_s));
     tab.Show(1024, 700);
     for (qsizetype page = 0; page < 8; ++page) {
         QCOMPARE(Shown(tab), PageOnScreen(tab, page));
@@ -163,14 +163,14 @@ void TestStatementForm::the_shown_page_is_the_recorded_one()
 
 void TestStatementForm::only_one_page_surface_exists_whatever_the_club()
 {
-    StatementTab tab(YearOf(u"large-club"_s));
+    LoneStatementTab tab(YearOf(u"large-club"_s));
     QCOMPARE(tab.TextOf("Text9"), u"120"_s);
     QCOMPARE(tab.program.StatementPreview.P1->findChildren<QWidget*>().size(), 1);
 }
 
 void TestStatementForm::scrolling_moves_the_shown_page_and_carries_over()
 {
-    StatementTab tab(YearOf(u"ledger-minus"_s));
+    LoneStatementTab tab(YearOf(u"ledger-minus"_s));
     tab.Show(1024, 700);
     tab.Control<QScrollBar>("VScroll1")->setValue(12);
     QCOMPARE(tab.program.Statement.ScrollOffset, -120);
@@ -182,7 +182,7 @@ void TestStatementForm::scrolling_moves_the_shown_page_and_carries_over()
 
 void TestStatementForm::a_rebuild_shows_page_one_at_the_current_scroll_position()
 {
-    StatementTab tab(YearOf(u"ledger-minus"_s));
+    LoneStatementTab tab(YearOf(u"ledger-minus"_s));
     tab.Show(1024, 700);
     tab.Control<QScrollBar>("VScroll1")->setValue(5);
     tab.Click("Command9(0)");
@@ -198,7 +198,7 @@ void TestStatementForm::a_rebuild_shows_page_one_at_the_current_scroll_position(
 
 void TestStatementForm::a_redraw_keeps_the_shown_page_and_the_typed_pages()
 {
-    StatementTab tab(YearOf(u"ledger-minus"_s));
+    LoneStatementTab tab(YearOf(u"ledger-minus"_s));
     tab.Show(1024, 700);
     tab.Click("Command9(0)");
     tab.Type("Text8(1)", u"2"_s);
@@ -213,7 +213,7 @@ void TestStatementForm::a_redraw_keeps_the_shown_page_and_the_typed_pages()
 
 void TestStatementForm::the_viewport_keeps_its_width_and_grows_with_the_window()
 {
-    StatementTab tab(YearOf(u"ledger-minus"_s));
+    LoneStatementTab tab(YearOf(u"ledger-minus"_s));
     auto* bar = tab.Control<QScrollBar>("VScroll1");
     tab.Show(1024, 600);
     const QWidget* viewport = tab.Control<QWidget>("P1");
@@ -232,7 +232,7 @@ void TestStatementForm::the_viewport_keeps_its_width_and_grows_with_the_window()
 
 void TestStatementForm::a_larger_window_moves_the_page_back_into_the_range()
 {
-    StatementTab tab(YearOf(u"ledger-minus"_s));
+    LoneStatementTab tab(YearOf(u"ledger-minus"_s));
     auto* bar = tab.Control<QScrollBar>("VScroll1");
     tab.Show(1024, 600);
     bar->setValue(bar->maximum());
@@ -244,7 +244,7 @@ void TestStatementForm::a_larger_window_moves_the_page_back_into_the_range()
 
 void TestStatementForm::wheel_and_keys_scroll()
 {
-    StatementTab tab(YearOf(u"ledger-minus"_s));
+    LoneStatementTab tab(YearOf(u"ledger-minus"_s));
     tab.Show(1024, 600);
     auto* bar = tab.Control<QScrollBar>("VScroll1");
     QWidget* viewport = tab.program.StatementPreview.P1;
@@ -277,7 +277,7 @@ void TestStatementForm::wheel_and_keys_scroll()
 
 void TestStatementForm::the_wheel_over_the_desk_moves_the_page_too()
 {
-    StatementTab tab(YearOf(u"ledger-minus"_s));
+    LoneStatementTab tab(YearOf(u"ledger-minus"_s));
     tab.Show(1200, 600);
     QWidget* desk = tab.program.StatementPreview.Desk;
     QCOMPARE(desk->childAt(20, 20), nullptr); // beside the page
@@ -299,7 +299,7 @@ void TestStatementForm::page_keys_move_by_the_large_step_data()
 void TestStatementForm::page_keys_move_by_the_large_step()
 {
     QFETCH(int, height);
-    StatementTab tab(YearOf(u"ledger-minus"_s));
+    LoneStatementTab tab(YearOf(u"ledger-minus"_s));
     tab.Show(1024, height);
     QWidget* viewport = tab.program.StatementPreview.P1;
     const ScrollRange range = ScrollRangeFor(PageHeight, viewport->height());
@@ -315,7 +315,7 @@ void TestStatementForm::page_keys_move_by_the_large_step()
 
 void TestStatementForm::alt_and_page_keys_step()
 {
-    StatementTab tab(YearOf(u"ledger-minus"_s));
+    LoneStatementTab tab(YearOf(u"ledger-minus"_s));
     tab.Show(1024, 600);
     auto* field = tab.Control<QLineEdit>("Text8(0)");
     field->setFocus();
@@ -327,7 +327,7 @@ void TestStatementForm::alt_and_page_keys_step()
 
 void TestStatementForm::choosing_pages_only_sets_the_flag()
 {
-    StatementTab tab(YearOf(u"ledger-minus"_s));
+    LoneStatementTab tab(YearOf(u"ledger-minus"_s));
     QVERIFY(!tab.program.Statement.PrintAllPages);
     tab.Click("Option1");
     QVERIFY(tab.program.Statement.PrintAllPages);
@@ -338,7 +338,7 @@ void TestStatementForm::choosing_pages_only_sets_the_flag()
 
 void TestStatementForm::fields_that_print_nothing_are_tinted()
 {
-    StatementTab tab(YearOf(u"ledger-minus"_s));
+    LoneStatementTab tab(YearOf(u"ledger-minus"_s));
     const auto* from = tab.Control<QLineEdit>("Text8(0)");
     const auto* to = tab.Control<QLineEdit>("Text8(1)");
     QCOMPARE(TintOf(from), TintKind::None);
@@ -356,7 +356,7 @@ void TestStatementForm::fields_that_print_nothing_are_tinted()
 
 void TestStatementForm::all_with_single_pages_is_pointed_out()
 {
-    StatementTab tab(YearOf(u"ledger-minus"_s));
+    LoneStatementTab tab(YearOf(u"ledger-minus"_s));
     const auto* from = tab.Control<QLineEdit>("Text8(0)");
     tab.Click("Option1");
     QCOMPARE(TintOf(from), TintKind::None);
@@ -369,7 +369,7 @@ void TestStatementForm::all_with_single_pages_is_pointed_out()
 
 void TestStatementForm::an_empty_club_shows_a_blank_page()
 {
-    StatementTab tab(YearOf(u"ledger-minus"_s));
+    LoneStatementTab tab(YearOf(u"ledger-minus"_s));
     tab.Show(1024, 700);
     tab.program.Members = {};
     RebuildStatementPages(tab.program);
@@ -389,7 +389,7 @@ void TestStatementForm::an_empty_club_shows_a_blank_page()
 
 void TestStatementForm::page_fields_follow_the_list()
 {
-    StatementTab tab(YearOf(u"ledger-minus"_s));
+    LoneStatementTab tab(YearOf(u"ledger-minus"_s));
     tab.program.Members.RecordList.removeLast();
     SetPageFields(tab.program);
     QCOMPARE(tab.TextOf("Text9"), u"2"_s);
@@ -400,7 +400,7 @@ void TestStatementForm::page_fields_follow_the_list()
 void TestStatementForm::totals_are_those_of_the_last_drawing()
 {
     const ExampleYear example = YearOf(u"ordinary-year"_s);
-    StatementTab tab(example);
+    LoneStatementTab tab(example);
     DrawStatementPages(tab.program);
     DrawStatementPages(tab.program);
     QCOMPARE(tab.program.Statement.StatementTotals, ExpectedTotals(example));
@@ -408,7 +408,7 @@ void TestStatementForm::totals_are_those_of_the_last_drawing()
 
 void TestStatementForm::a_bad_member_is_reported_once_and_the_caller_goes_on()
 {
-    StatementTab tab(YearOf(u"ledger-minus"_s));
+    LoneStatementTab tab(YearOf(u"ledger-minus"_s));
     tab.Boxes.clear();
     tab.program.Prices.Lease = u"0.08"_s;
     bool went_on = false;
@@ -430,7 +430,7 @@ void TestStatementForm::a_bad_member_is_reported_once_and_the_caller_goes_on()
 
 void TestStatementForm::an_error_names_the_files_of_the_loaded_year()
 {
-    StatementTab tab(YearOf(u"ordinary-year"_s));
+    LoneStatementTab tab(YearOf(u"ordinary-year"_s));
     tab.program.Year.YearText = u"2016"_s; // the year box went back, nothing was loaded
     tab.program.Members.RecordList[1] = u"kurz;Carl"_s;
     WithErrorBox(tab.program.Errors, tab.program.Ask, [&] { DrawStatementPages(tab.program); });
@@ -450,7 +450,7 @@ void TestStatementForm::an_error_names_the_files_of_the_loaded_year()
 
 void TestStatementForm::a_new_member_leaves_the_earlier_bills_complete()
 {
-    StatementTab tab(YearOf(u"new-member"_s));
+    LoneStatementTab tab(YearOf(u"new-member"_s));
     tab.Show(1024, 700);
     QCOMPARE(tab.Boxes.size(), 1);
     QVERIFY2(tab.Boxes[0].startsWith(u"Laufzeitfehler 9: Index außerhalb des gültigen Bereichs | "
@@ -467,7 +467,7 @@ void TestStatementForm::a_new_member_leaves_the_earlier_bills_complete()
 
 void TestStatementForm::a_failed_save_leaves_no_page_to_step_to()
 {
-    StatementTab tab(YearOf(u"ledger-minus"_s));
+    LoneStatementTab tab(YearOf(u"ledger-minus"_s));
     tab.Show(1024, 700);
     tab.program.Members.RecordList += u"nicht;gespeichert"_s; // no rebuild followed
     for (int i = 0; i < 4; ++i)
@@ -481,7 +481,7 @@ void TestStatementForm::a_failed_save_leaves_no_page_to_step_to()
 
 void TestStatementForm::the_page_is_black_on_white_on_a_dark_desktop()
 {
-    StatementTab tab(YearOf(u"ordinary-year"_s));
+    LoneStatementTab tab(YearOf(u"ordinary-year"_s));
     QPalette dark;
     dark.setColor(QPalette::Window, QColor(40, 40, 40));
     dark.setColor(QPalette::Base, QColor(20, 20, 20));

@@ -30,7 +30,7 @@ namespace {
 
 constexpr int picture_scale = 2; // picture pixels per page pixel
 
-QImage PreviewPicture(const StatementTab& tab, qsizetype page)
+QImage PreviewPicture(const LoneStatementTab& tab, qsizetype page)
 {
     return PagePicture(tab.program.Statement, page, picture_scale);
 }
@@ -155,7 +155,7 @@ private Q_SLOTS:
 
 void TestStatementPrinter::pages_two_to_three_become_two_a4_sheets()
 {
-    StatementTab tab(YearOf(u"ordinary-year"_s));
+    LoneStatementTab tab(YearOf(u"ordinary-year"_s));
     const QString path = tab.PrintTo(u"bills.pdf"_s);
     tab.Type("Text8(0)", u"2"_s);
     tab.Type("Text8(1)", u"3"_s);
@@ -170,7 +170,7 @@ void TestStatementPrinter::pages_two_to_three_become_two_a4_sheets()
 
 void TestStatementPrinter::the_choice_of_all_pages_changes_nothing()
 {
-    StatementTab tab(YearOf(u"ordinary-year"_s));
+    LoneStatementTab tab(YearOf(u"ordinary-year"_s));
     const QString path = tab.PrintTo(u"bills.pdf"_s);
     tab.Type("Text8(0)", u"2"_s);
     tab.Type("Text8(1)", u"3"_s);
@@ -181,7 +181,7 @@ void TestStatementPrinter::the_choice_of_all_pages_changes_nothing()
 
 void TestStatementPrinter::the_job_carries_the_bills_title()
 {
-    StatementTab tab(YearOf(u"ordinary-year"_s));
+    LoneStatementTab tab(YearOf(u"ordinary-year"_s));
     const QString path = tab.PrintTo(u"bills.pdf"_s);
     tab.Click("Command6");
     QCOMPARE(tab.Job, u"Abrechnung Kleingarten 2017"_s);
@@ -191,7 +191,7 @@ void TestStatementPrinter::the_job_carries_the_bills_title()
 void TestStatementPrinter::every_page_of_a_club_is_printed_with_its_own_amounts()
 {
     const ExampleYear example = YearOf(u"gaps"_s);
-    StatementTab tab(example);
+    LoneStatementTab tab(example);
     const QString path = tab.PrintTo(u"bills.pdf"_s);
     tab.Click("Command6");
     QCOMPARE(PagesOfPdf(path), 6);
@@ -207,7 +207,7 @@ void TestStatementPrinter::every_page_of_a_club_is_printed_with_its_own_amounts(
 
 void TestStatementPrinter::the_printed_page_lies_on_the_previews_picture()
 {
-    StatementTab tab(YearOf(u"contacts"_s));
+    LoneStatementTab tab(YearOf(u"contacts"_s));
     const QString path = tab.PrintTo(u"bills.pdf"_s);
     tab.Click("Command6");
     for (int page : { 0, 4 }) {
@@ -226,7 +226,7 @@ void TestStatementPrinter::the_printed_page_lies_on_the_previews_picture()
 
 void TestStatementPrinter::words_stand_in_their_cells_on_paper()
 {
-    StatementTab tab(YearOf(u"ordinary-year"_s));
+    LoneStatementTab tab(YearOf(u"ordinary-year"_s));
     const QString path = tab.PrintTo(u"bills.pdf"_s);
     tab.Click("Command6");
     int inside = 0;
@@ -258,7 +258,7 @@ void TestStatementPrinter::fields_without_pages_print_nothing_after_the_dialog()
 {
     QFETCH(QString, from);
     QFETCH(QString, to);
-    StatementTab tab(YearOf(u"ordinary-year"_s));
+    LoneStatementTab tab(YearOf(u"ordinary-year"_s));
     const QString path = tab.PrintTo(u"bills.pdf"_s);
     tab.Type("Text8(0)", from);
     tab.Type("Text8(1)", to);
@@ -270,7 +270,7 @@ void TestStatementPrinter::fields_without_pages_print_nothing_after_the_dialog()
 
 void TestStatementPrinter::a_cancelled_dialog_prints_nothing()
 {
-    StatementTab tab(YearOf(u"ordinary-year"_s));
+    LoneStatementTab tab(YearOf(u"ordinary-year"_s));
     tab.Click("Command6");
     QCOMPARE(tab.DialogsShown, 1);
     QCOMPARE(tab.Boxes, QStringList());
@@ -278,7 +278,7 @@ void TestStatementPrinter::a_cancelled_dialog_prints_nothing()
 
 void TestStatementPrinter::a_file_that_cannot_be_written_ends_silently()
 {
-    StatementTab tab(YearOf(u"ordinary-year"_s));
+    LoneStatementTab tab(YearOf(u"ordinary-year"_s));
     const QString path = tab.PrintTo(u"no such folder/bills.pdf"_s);
     QTest::ignoreMessage(QtWarningMsg, "QPainter::begin(): Returned false");
     tab.Click("Command6");
@@ -289,7 +289,7 @@ void TestStatementPrinter::a_file_that_cannot_be_written_ends_silently()
 
 void TestStatementPrinter::a_run_that_fails_between_two_sheets_ends_silently()
 {
-    StatementTab tab(YearOf(u"large-club"_s));
+    LoneStatementTab tab(YearOf(u"large-club"_s));
     tab.program.PrintFrame.ShowPrintDialog = [](QPrinter& printer) {
         printer.setOutputFormat(QPrinter::PdfFormat);
         printer.setOutputFileName(u"/dev/full"_s); // a full disk: the first bytes are still taken
@@ -303,7 +303,7 @@ void TestStatementPrinter::a_run_that_fails_between_two_sheets_ends_silently()
 
 void TestStatementPrinter::a_page_selection_that_is_no_number_ends_silently()
 {
-    StatementTab tab(YearOf(u"ordinary-year"_s));
+    LoneStatementTab tab(YearOf(u"ordinary-year"_s));
     tab.PrintTo(u"bills.pdf"_s);
     tab.program.Statement.PageSelection = u"x"_s;
     tab.Click("Command6");
@@ -314,7 +314,7 @@ void TestStatementPrinter::a_page_selection_that_is_no_number_ends_silently()
 
 void TestStatementPrinter::a_bill_that_stopped_half_way_is_printed_as_it_is()
 {
-    StatementTab tab(YearOf(u"new-member"_s));
+    LoneStatementTab tab(YearOf(u"new-member"_s));
     const QString path = tab.PrintTo(u"bills.pdf"_s);
     tab.Click("Command6");
     QCOMPARE(PagesOfPdf(path), 7);
@@ -338,7 +338,7 @@ void TestStatementPrinter::the_printer_is_set_to_a4_portrait_300_dots()
 
 void TestStatementPrinter::what_the_dialog_says_of_paper_and_dots_is_overruled()
 {
-    StatementTab tab(YearOf(u"ordinary-year"_s));
+    LoneStatementTab tab(YearOf(u"ordinary-year"_s));
     const QString path = tab.Folder.filePath(u"bills.pdf"_s);
     tab.program.PrintFrame.ShowPrintDialog = [&](QPrinter& printer) {
         printer.setOutputFormat(QPrinter::PdfFormat);
@@ -355,7 +355,7 @@ void TestStatementPrinter::what_the_dialog_says_of_paper_and_dots_is_overruled()
 
 void TestStatementPrinter::nothing_is_printed_beyond_the_pages_edge()
 {
-    StatementTab tab(YearOf(u"ordinary-year"_s));
+    LoneStatementTab tab(YearOf(u"ordinary-year"_s));
     tab.program.ClubName = QString(200, u'W');
     DrawStatementPages(tab.program);
     const QString path = tab.Folder.filePath(u"bills.pdf"_s);
@@ -374,7 +374,7 @@ void TestStatementPrinter::nothing_is_printed_beyond_the_pages_edge()
 
 void TestStatementPrinter::a_page_stands_where_left_and_top_say()
 {
-    StatementTab tab(YearOf(u"ordinary-year"_s));
+    LoneStatementTab tab(YearOf(u"ordinary-year"_s));
     const auto ink_at = [&](double left, double top) {
         const QString path = tab.Folder.filePath(u"bills.pdf"_s);
         QPrinter printer(QPrinter::HighResolution);
@@ -428,7 +428,7 @@ void TestStatementPrinter::a_file_hides_what_does_nothing_for_it()
 
 void TestStatementPrinter::the_reverse_order_begins_with_the_last_page()
 {
-    StatementTab tab(YearOf(u"ordinary-year"_s));
+    LoneStatementTab tab(YearOf(u"ordinary-year"_s));
     const QString path = tab.Folder.filePath(u"bills.pdf"_s);
     tab.program.PrintFrame.ShowPrintDialog = [&](QPrinter& printer) {
         printer.setOutputFormat(QPrinter::PdfFormat);
@@ -446,7 +446,7 @@ void TestStatementPrinter::the_reverse_order_begins_with_the_last_page()
 
 void TestStatementPrinter::a_cancelled_run_leaves_the_file_of_the_last_one()
 {
-    StatementTab tab(YearOf(u"large-club"_s));
+    LoneStatementTab tab(YearOf(u"large-club"_s));
     tab.Show(1024, 700);
     const QString path = tab.PrintTo(u"bills.pdf"_s);
     tab.Type("Text8(1)", u"2"_s);
@@ -472,7 +472,7 @@ void TestStatementPrinter::a_printer_gets_all_sheets_or_none()
 {
     QFETCH(bool, cancelled);
     QFETCH(int, sheets);
-    StatementTab tab(YearOf(u"large-club"_s));
+    LoneStatementTab tab(YearOf(u"large-club"_s));
     tab.Show(1024, 700);
     PaperPrinter printer;
     SetUpPrinter(printer);
@@ -489,7 +489,7 @@ void TestStatementPrinter::a_printer_gets_all_sheets_or_none()
 
 void TestStatementPrinter::a_long_run_that_is_cancelled_prints_nothing()
 {
-    StatementTab tab(YearOf(u"large-club"_s));
+    LoneStatementTab tab(YearOf(u"large-club"_s));
     tab.Show(1024, 700);
     const QString path = tab.PrintTo(u"bills.pdf"_s);
     CancelAtOnce user;
@@ -505,7 +505,7 @@ void TestStatementPrinter::a_long_run_that_is_cancelled_prints_nothing()
 
 void TestStatementPrinter::a_short_run_shows_no_box()
 {
-    StatementTab tab(YearOf(u"ordinary-year"_s));
+    LoneStatementTab tab(YearOf(u"ordinary-year"_s));
     tab.Show(1024, 700);
     tab.PrintTo(u"bills.pdf"_s);
     CancelAtOnce user;

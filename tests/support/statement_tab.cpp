@@ -6,7 +6,7 @@
 #include <QPrinter>
 #include <QTest>
 
-StatementTab::StatementTab(const ExampleYear& example)
+LoneStatementTab::LoneStatementTab(const ExampleYear& example)
 {
     const BillSource source = SourceOf(example);
     program.ClubName = source.ClubName;
@@ -28,21 +28,24 @@ StatementTab::StatementTab(const ExampleYear& example)
     WithErrorBox(program.Errors, program.Ask, [this] { RebuildStatementPages(program); });
 }
 
-void StatementTab::Show(int width, int height)
+void LoneStatementTab::Show(int width, int height)
 {
     Tab.resize(width, height);
     Tab.show();
     QApplication::processEvents();
 }
 
-void StatementTab::Click(const char* name)
+void LoneStatementTab::Click(const char* name)
 {
     QTest::mouseClick(Control<QAbstractButton>(name), Qt::LeftButton);
 }
 
-QString StatementTab::TextOf(const char* name) const { return Control<QLineEdit>(name)->text(); }
+QString LoneStatementTab::TextOf(const char* name) const
+{
+    return Control<QLineEdit>(name)->text();
+}
 
-void StatementTab::Type(const char* name, const QString& text)
+void LoneStatementTab::Type(const char* name, const QString& text)
 {
     auto* field = Control<QLineEdit>(name);
     field->selectAll();
@@ -50,7 +53,7 @@ void StatementTab::Type(const char* name, const QString& text)
     QTest::keyClicks(field, text);
 }
 
-QString StatementTab::PrintTo(const QString& name)
+QString LoneStatementTab::PrintTo(const QString& name)
 {
     const QString path = Folder.filePath(name);
     program.PrintFrame.ShowPrintDialog = [this, path](QPrinter& printer) {

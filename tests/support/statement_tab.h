@@ -7,7 +7,7 @@
 #include <QTemporaryDir>
 #include <QWidget>
 
-struct StatementTab {
+struct LoneStatementTab {
     QTemporaryDir Folder; ///< for printed files
     Program program;
     QWidget Tab;
@@ -16,7 +16,7 @@ struct StatementTab {
     QString Job; ///< title of the last print job
 
     /// The tab with that year's pages drawn, not shown.
-    explicit StatementTab(const ExampleYear& example);
+    explicit LoneStatementTab(const ExampleYear& example);
 
     /// Lays the tab out at that size without a screen.
     void Show(int width, int height);
