@@ -5,6 +5,9 @@
 #include "controls/fields.h"
 #include "history/history_form.h"
 #include "money/money_form.h"
+#include "outgoing/bills_as_pdf_form.h"
+#include "outgoing/meter_change_form.h"
+#include "outgoing/transfer_code_form.h"
 
 #include <QAction>
 #include <QKeySequence>
@@ -49,6 +52,9 @@ const std::vector<MoreEntry>& MoreEntries()
         { u"MoreCashReport"_s, u"&Kassenbericht …"_s, {}, ShowCashReport },
         { u"MoreCashBook"_s, u"Kassen&buch …"_s, {}, ShowCashBook },
         { u"MoreYears"_s, u"&Jahre im Vergleich …"_s, {}, ShowYears },
+        { u"MorePdf"_s, u"&Abrechnungen als PDF …"_s, {}, ShowBillsAsPdf },
+        { u"MoreCode"_s, u"Überweisungs&code …"_s, {}, ShowTransferCode },
+        { u"MoreMeter"_s, u"&Zähler gewechselt …"_s, {}, ShowMeterChange },
         { u"MoreHistory"_s, u"&Verlauf …"_s, {}, ShowHistory },
     };
     return entries;

@@ -26,6 +26,8 @@
 #include "members/member_names_form.h"
 #include "members/member_saving.h"
 #include "members/member_tab_form.h"
+#include "outgoing/bills_as_pdf_form.h"
+#include "outgoing/transfer_code_form.h"
 #include "report/report_form.h"
 #include "settings/bank_settings.h"
 #include "settings/price_settings.h"
@@ -65,6 +67,8 @@ struct Program {
     SettingsState Settings; // settings/settings_state.h
     StatementState Statement; // statement/statement_state.h
     CashBookState CashBook; // cashbook/ledger.h
+    BillsAsPdfSeams BillsAsPdf; // outgoing/bills_as_pdf_form.h
+    TransferCodeChoice TransferCode; // outgoing/transfer_code_form.h
     ReportWindows Reports; // report/report_form.h
 
     MainWindowForm Window;

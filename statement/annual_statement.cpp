@@ -96,11 +96,9 @@ double ChargeMeter(Bill& bill, const Meter& meter)
 
 void WriteAddress(Bill& bill)
 {
-    QString surname = Field(bill, Surname);
-    if (surname.endsWith(u'2')) // tells two members of the same surname apart in the lists
-        surname.chop(1);
+    const QString surname = Field(bill, Surname);
     QStringList& lines = bill.statement.address;
-    lines += Field(bill, FirstName) + u' ' + surname;
+    lines += Field(bill, FirstName) + u' ' + PrintedSurname(surname);
     lines += Field(bill, Street);
     lines += Field(bill, Town);
 }
@@ -205,6 +203,11 @@ QStringList PreviousFields(const BillSource& source, qsizetype member)
 }
 
 } // namespace
+
+QString PrintedSurname(const QString& surname)
+{
+    return surname.endsWith(u'2') ? surname.chopped(1) : surname;
+}
 
 PriceNumbers ReadPriceNumbers(const PriceSettings& prices)
 {

@@ -78,3 +78,7 @@ AnnualStatement ComputeStatement(
 
 /// A total as it goes into the totals list: default text of a single.
 QString TotalText(float total);
+
+/// The surname as it stands on the page: a 2 at its end tells two members of the same surname apart
+/// in the lists and is left out.
+QString PrintedSurname(const QString& surname);

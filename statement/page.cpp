@@ -26,6 +26,11 @@ struct Describe {
     {
         return u"box\t"_s + Numbers(box.x1, box.y1, box.x2, box.y2);
     }
+
+    QString operator()(const PageFill& fill) const
+    {
+        return u"fill\t"_s + Numbers(fill.x, fill.y, fill.width, fill.height);
+    }
 };
 
 } // namespace

@@ -41,7 +41,15 @@ struct PageBox {
     int y2 = 0;
 };
 
-using PageItem = std::variant<PageText, PageLine, PageBox>;
+/// A black rectangle.
+struct PageFill {
+    int x = 0;
+    int y = 0;
+    int width = 0;
+    int height = 0;
+};
+
+using PageItem = std::variant<PageText, PageLine, PageBox, PageFill>;
 using PageItems = std::vector<PageItem>;
 
 /// How a text looks; without one it is size 8, regular, black.
@@ -98,5 +106,5 @@ void AddLine(PageItems& page, int x1, int y1, int x2, int y2);
 
 /// One line per item, cells separated by tabs: a text as "text", element, text, "left" or "right",
 /// position, y, point size, 1 when bold, red,green,blue; a box or line as "box" or "line" and its
-/// four numbers.
+/// four numbers, a filled rectangle as "fill" and its place and size.
 QStringList DescribePage(const PageItems& page);

@@ -124,6 +124,15 @@ struct Player {
             Qt::black);
     }
 
+    /// Edges fall on whole dots, so that neighbours touch.
+    void Draw(const PageFill& fill)
+    {
+        const QPoint corner(Rounded(fill.x * scale), Rounded(fill.y * scale));
+        const QPoint beyond(
+            Rounded((fill.x + fill.width) * scale), Rounded((fill.y + fill.height) * scale));
+        painter.fillRect(QRect(corner, beyond - QPoint(1, 1)), Qt::black);
+    }
+
     void Draw(const PageBox& box)
     {
         Draw(PageLine { box.x1, box.y1, box.x2, box.y1 });
@@ -133,16 +142,28 @@ struct Player {
     }
 };
 
-/// "IBAN" and "BIC" are printed in red exactly over their black selves. Smoothed edges would let
-/// the black shine through, so characters that the next text prints over are left out.
-qsizetype CoveredCharacters(const PageText& text, const PageItems& items, std::size_t next)
+/// True when the text is printed over the beginning of the other one in another colour.
+bool Covers(const PageText& over, const PageText& text)
 {
-    const auto* over = next < items.size() ? std::get_if<PageText>(&items[next]) : nullptr;
-    if (over == nullptr || over->colour == text.colour || over->right_aligned || text.right_aligned
-        || over->x != text.x || over->y != text.y || over->bold != text.bold
-        || over->point_size != text.point_size || !text.text.startsWith(over->text))
-        return 0;
-    return over->text.size();
+    return over.colour != text.colour && over.colour != PageColour::Black && !over.right_aligned
+        && !text.right_aligned && over.x == text.x && over.y == text.y && over.bold == text.bold
+        && over.point_size == text.point_size && text.text.startsWith(over.text);
+}
+
+/// "IBAN" and "BIC" are printed in red exactly over their black selves. Smoothed edges would let
+/// the black shine through, so characters that a text beside it in the list prints over are left
+/// out.
+qsizetype CoveredCharacters(const PageItems& items, std::size_t index)
+{
+    const auto& text = std::get<PageText>(items[index]);
+    for (const std::size_t neighbour : { index + 1, index - 1 }) { // in front of the first: none
+        if (neighbour >= items.size())
+            continue;
+        const auto* over = std::get_if<PageText>(&items[neighbour]);
+        if (over != nullptr && Covers(*over, text))
+            return over->text.size();
+    }
+    return 0;
 }
 
 } // namespace
@@ -153,9 +174,11 @@ void PlayPage(QPainter& painter, const PageItems& items, double scale)
     Player player { painter, scale };
     for (std::size_t i = 0; i < items.size(); ++i) {
         if (const auto* text = std::get_if<PageText>(&items[i]))
-            player.Draw(*text, CoveredCharacters(*text, items, i + 1));
+            player.Draw(*text, CoveredCharacters(items, i));
         else if (const auto* line = std::get_if<PageLine>(&items[i]))
             player.Draw(*line);
+        else if (const auto* fill = std::get_if<PageFill>(&items[i]))
+            player.Draw(*fill);
         else
             player.Draw(std::get<PageBox>(items[i]));
     }

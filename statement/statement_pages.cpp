@@ -145,6 +145,10 @@ PageContents ContentsOfPage(const StatementState& statement, qsizetype index)
         contents.fixed = &statement.FixedContents;
     if (index >= 0 && index < statement.MemberPages)
         DrawStatement(contents.member, StatementOfPage(statement, index));
+    if (statement.AddedItems && index >= 0 && index < statement.MemberPages) {
+        const PageItems added = statement.AddedItems(index);
+        contents.member.insert(contents.member.end(), added.begin(), added.end());
+    }
     return contents;
 }
 

@@ -3,10 +3,14 @@
 #include "data/runtime_error.h"
 #include "statement/page_player.h"
 #include "statement/print_file.h"
+#include "statement/reading_order.h"
 #include "statement/statement_pages.h"
 
+#include <QBuffer>
 #include <QGuiApplication>
+#include <QPageLayout>
 #include <QPainter>
+#include <QPdfWriter>
 #include <QPrinter>
 #include <QProgressDialog>
 #include <QTemporaryDir>
@@ -68,17 +72,22 @@ private:
 };
 
 struct Run {
-    QPrinter& printer;
+    QPagedPaintDevice& printer; ///< a real one, or a file's
+    int resolution; ///< dots per inch
     const StatementState& statement;
     Progress progress;
     QPainter painter {};
 };
 
-double Convert(const QPrinter& printer, double length, int from_mode, int to_mode)
+double Convert(int resolution, double length, int from_mode, int to_mode)
 {
-    const double inches
-        = length / (from_mode == HimetricMode ? himetric_per_inch : printer.resolution());
-    return inches * (to_mode == HimetricMode ? himetric_per_inch : printer.resolution());
+    const double inches = length / (from_mode == HimetricMode ? himetric_per_inch : resolution);
+    return inches * (to_mode == HimetricMode ? himetric_per_inch : resolution);
+}
+
+QRect PrintableDots(const Run& run)
+{
+    return run.printer.pageLayout().paintRectPixels(run.resolution);
 }
 
 void PaintPage(Run& run, qsizetype index, double left, double top, double width, double height)
@@ -90,10 +99,7 @@ void PaintPage(Run& run, qsizetype index, double left, double top, double width,
     run.painter.save();
     run.painter.translate(left, top);
     run.painter.setClipRect(QRectF(0, 0, width, height)); // a page ends at its edge
-    for (const PageItems* items : { contents.fixed, &contents.member }) {
-        if (items != nullptr)
-            PlayPage(run.painter, *items, width / PageWidth);
-    }
+    PlayPage(run.painter, InReadingOrder(contents.fixed, contents.member), width / PageWidth);
     run.painter.restore();
 }
 
@@ -122,16 +128,15 @@ void BeginSheet(Run& run)
 PrintDevice DeviceOf(Run& run)
 {
     PrintDevice device;
-    QPrinter& printer = run.printer;
-    const auto convert = [&printer](double length, int from_mode, int to_mode) {
-        return Convert(printer, length, from_mode, to_mode);
+    const auto convert = [&run](double length, int from_mode, int to_mode) {
+        return Convert(run.resolution, length, from_mode, to_mode);
     };
-    device.SetOrientation = [&printer](int orientation) {
-        printer.setPageOrientation(
+    device.SetOrientation = [&run](int orientation) {
+        run.printer.setPageOrientation(
             orientation == 2 ? QPageLayout::Landscape : QPageLayout::Portrait);
     };
-    device.ScaleWidth = [&printer] { return printer.pageRect(QPrinter::DevicePixel).width(); };
-    device.ScaleHeight = [&printer] { return printer.pageRect(QPrinter::DevicePixel).height(); };
+    device.ScaleWidth = [&run] { return PrintableDots(run).width(); };
+    device.ScaleHeight = [&run] { return PrintableDots(run).height(); };
     device.ScaleMode = [] { return dot_mode; };
     device.ScaleX = convert;
     device.ScaleY = convert;
@@ -144,10 +149,10 @@ PrintDevice DeviceOf(Run& run)
 
 /// True when the last sheet was painted. A run that is cancelled or fails ends without a word, as
 /// it does when the dialog is cancelled.
-bool PaintAllSheets(QPrinter& printer, const StatementState& statement, const PrintJob& job,
-    const ProgressWords& words, QWidget* window)
+bool PaintAllSheets(QPagedPaintDevice& printer, const StatementState& statement,
+    const PrintJob& job, const ProgressWords& words, QWidget* window)
 {
-    Run run { printer, statement, Progress(job, words, window) };
+    Run run { printer, printer.logicalDpiX(), statement, Progress(job, words, window) };
     try {
         PrintPictureToPage(DeviceOf(run), job);
         return true;
@@ -159,6 +164,7 @@ bool PaintAllSheets(QPrinter& printer, const StatementState& statement, const Pr
 }
 
 const ProgressWords printing { u"Seite %1 von %2 wird gedruckt …"_s, u"Abbrechen"_s };
+const ProgressWords making_file { u"Seite %1 von %2 …"_s, u"Abbrechen"_s };
 const ProgressWords preparing { u"Seite %1 von %2 wird vorbereitet …"_s, u"Abbrechen"_s };
 const ProgressWords sending { u"Seite %1 von %2 geht an den Drucker …"_s, {} };
 
@@ -209,6 +215,21 @@ PrintJob JobFor(const StatementState& statement, const PageRange& range)
     job.first = range.first;
     job.last = range.last;
     return job;
+}
+
+QByteArray PdfOfPages(const StatementState& statement, const PageRange& range, QWidget* window)
+{
+    QByteArray content;
+    QBuffer buffer(&content);
+    QPdfWriter writer(&buffer);
+    writer.setPageLayout(QPageLayout(QPageSize(QPageSize::A4), QPageLayout::Portrait, QMarginsF()));
+    writer.setResolution(dots_per_inch);
+    writer.setTitle(TitleOfPages(statement));
+    writer.setCreator(u"Kleingarten Parzello"_s);
+    buffer.open(QIODevice::WriteOnly);
+    if (!PaintAllSheets(writer, statement, JobFor(statement, range), making_file, window))
+        return {};
+    return content;
 }
 
 void PrintStatementPages(

@@ -3,7 +3,7 @@
 
 #include "statement/printing.h"
 
-#include <QString>
+#include <QByteArray>
 
 class QPrinter;
 class QWidget;
@@ -21,3 +21,7 @@ PrintJob JobFor(const StatementState& statement, const PageRange& range);
 /// unfinished file stays.
 void PrintStatementPages(
     QPrinter& printer, const StatementState& statement, const PrintJob& job, QWidget* window);
+
+/// The bills of these pages as a PDF file's bytes, the pages as on paper; empty when the run was
+/// cancelled or failed. A long run shows the same progress box.
+QByteArray PdfOfPages(const StatementState& statement, const PageRange& range, QWidget* window);

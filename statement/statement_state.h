@@ -8,6 +8,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <functional>
 #include <optional>
 #include <vector>
 
@@ -28,5 +29,8 @@ struct StatementState {
     qint32 ScrollOffset = 0; ///< viewport pixels, 0 or negative
     std::vector<qint32> PageTops { 0 }; ///< top of each page surface in the viewport; the first
                                         ///< surface is always there
+    /// What is asked for beside the bill, as the last items of the member's part of page index;
+    /// not set: nothing.
+    std::function<PageItems(qsizetype index)> AddedItems;
     bool PrintAllPages = false; ///< kept, read nowhere
 };
