@@ -1,6 +1,7 @@
 #include "app/more.h"
 
 #include "app/program.h"
+#include "check/align_form.h"
 #include "check/check_form.h"
 #include "controls/fields.h"
 #include "history/history_form.h"
@@ -48,6 +49,7 @@ const std::vector<MoreEntry>& MoreEntries()
 {
     static const std::vector<MoreEntry> entries {
         { u"MoreCheck"_s, u"&Prüfbericht …"_s, u"F9"_s, ShowCheckReport },
+        { u"MoreAlign"_s, u"&Vorjahr abgleichen …"_s, {}, ShowAlignWindow },
         { u"MoreOpenItems"_s, u"&Offene Posten …"_s, {}, ShowOpenItems },
         { u"MoreCashReport"_s, u"&Kassenbericht …"_s, {}, ShowCashReport },
         { u"MoreCashBook"_s, u"Kassen&buch …"_s, {}, ShowCashBook },

@@ -81,7 +81,7 @@ void HtmlMaker::operator()(const ReportSentence& sentence)
                .arg(left);
     for (const ReportText& text : sentence.texts)
         html += HtmlOf(text, use);
-    html += u"</p>\n"_s;
+    html += u"</p>"_s;
 }
 
 QString ColourOf(BarLook look)
@@ -214,5 +214,5 @@ QString HtmlOfReport(const Report& report, const ReportChoices& choices, HtmlUse
     for (const ReportItem& item : report.items)
         std::visit(maker, item);
     return u"<html><head><title>"_s + Escaped(report.title) + u"</title></head><body>\n"_s
-        + maker.html + u"</body></html>\n"_s;
+        + maker.html + u"</body></html>"_s;
 }

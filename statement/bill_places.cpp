@@ -78,15 +78,37 @@ Place ShortContactPlace(const BillSource& source, qsizetype member, int field)
     return where;
 }
 
+/// The first member with another name and another garden than last year's line; the one who has no
+/// line when the lists part nowhere else.
+qsizetype FirstParting(const BillSource& source, qsizetype without_line)
+{
+    const MemberLists& lists = source.Members;
+    const auto trimmed = [](const MemberRecord& record, int field) {
+        return FieldOrEmpty(record, field).trimmed();
+    };
+    for (qsizetype k = 0; k < without_line; ++k) {
+        const MemberRecord here = SplitRecord(lists.RecordList[k]);
+        const MemberRecord before = SplitRecord(lists.PreviousYearList[k]);
+        const bool same_name = trimmed(here, Surname) == trimmed(before, Surname)
+            && trimmed(here, FirstName) == trimmed(before, FirstName);
+        if (!same_name && trimmed(here, PlotNumber) != trimmed(before, PlotNumber))
+            return k;
+    }
+    return without_line;
+}
+
 Place NoPreviousLinePlace(const BillSource& source, qsizetype member)
 {
-    Place where = PreviousPlace(source, member);
-    where.remedy
-        = u"Dieses Mitglied hat im Vorjahr keine Zeile an derselben Stelle, deshalb fehlen seine"
-          " Abrechnung und alle folgenden. Gehen Sie unter „Stammdaten“ ein Jahr zurück, drücken"
-          " Sie „Laden“, dann „Neu Anlegen“, tragen Sie das Mitglied ein und drücken Sie"
-          " „Speichern“; danach laden Sie wieder das Jahr %1. Dieselbe Meldung für ein früheres"
-          " Jahr können Sie übergehen."_s.arg(ListYear(source));
+    const qsizetype parting = FirstParting(source, member);
+    Place where = PreviousPlace(source, parting);
+    const QString what = parting == member
+        ? u"Dieses Mitglied hat im Vorjahr keine Zeile an derselben Stelle, deshalb fehlen seine"
+          " Abrechnung und alle folgenden."_s
+        : u"Von hier an stehen die Listen beider Jahre nicht mehr in derselben Reihenfolge; im"
+          " Vorjahr fehlt eine Zeile, deshalb fehlen die letzten Abrechnungen."_s;
+    where.remedy = what
+        + u" Drücken Sie „Mehr“ und wählen Sie „Vorjahr abgleichen …“. Dieselbe Meldung für ein"
+          " früheres Jahr können Sie übergehen."_s;
     return where;
 }
 

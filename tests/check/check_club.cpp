@@ -95,6 +95,15 @@ QByteArray SectionOf(const QString& year, const PriceSettings& prices, const QSt
     return BytesOfLines(lines);
 }
 
+/// As the program writes them; not by its own routine, which waits for the disk.
+QByteArray BytesOf(const BankSettings& bank)
+{
+    return BytesOfLines({ u"[Daten]"_s, u"Bankname="_s + bank.BankName, u"BLZ="_s + bank.Iban,
+        u"Kontonummer="_s + bank.Bic, u"Name1="_s + bank.FirstContact,
+        u"Name2="_s + bank.SecondContact, u"Name="_s + bank.TreasurerName,
+        u"Anrede="_s + bank.TreasurerSalutation });
+}
+
 QByteArray BytesOfRecords(const QList<MemberRecord>& records)
 {
     QStringList lines;
@@ -187,6 +196,7 @@ void CheckClub::WriteFiles() const
         { u"HandKasse2025.pz"_s, BytesOfLines(LastYearCashBoxLines) },
         { u"V.dat"_s, BytesOfLines({ u"KGV Am Mühlgraben e.V."_s }) },
         { u"Config.ini"_s, Config() },
+        { u"Config1.ini"_s, BytesOf(Bank) },
     };
     if (!CashBoxLines.isEmpty())
         files.insert(u"HandKasse2026.pz"_s, BytesOfLines(CashBoxLines));
@@ -198,13 +208,20 @@ void CheckClub::WriteFiles() const
     }
 }
 
+/// A rule can be switched off from outside, to see that a test misses it (scripts/mutate-check).
+CheckResult CheckClub::Check()
+{
+    const QString without = qEnvironmentVariable("WITHOUT_RULE");
+    std::vector<CheckRule> rules = CheckRules();
+    std::erase_if(rules, [&](const CheckRule& rule) { return rule.id == without; });
+    return RunCheck(Load(), rules);
+}
+
 CheckSource CheckClub::Load()
 {
     WriteFiles();
     CheckSource source;
     source.Files = { m_folder.path(), m_folder.filePath(u"state"_s) };
-    if (!Raw.contains(u"Config1.ini"_s))
-        WriteBank(source.Files, Bank);
     source.YearText = source.LoadedYear = Year;
     source.Today = Today;
     source.ClubNameHint = u"Hier bitte Ihren Vereinsnamen eingeben"_s;

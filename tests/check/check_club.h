@@ -37,7 +37,8 @@ struct CheckClub {
     /// Writes the files and loads the year, as the program does.
     CheckSource Load();
 
-    CheckResult Check() { return RunCheck(Load()); }
+    /// What the report finds in it.
+    CheckResult Check();
 
 private:
     void WriteFiles() const;

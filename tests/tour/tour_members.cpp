@@ -15,9 +15,8 @@ static QString NoLineLastYear(int line, const QString& member)
     return u"Laufzeitfehler 9: Index außerhalb des gültigen Bereichs\n"
            "Datei „Mitgliedsdaten2025.pz“, Zeile %1, Mitglied „%2“: Dieses Mitglied hat im Vorjahr "
            "keine Zeile an derselben Stelle, deshalb fehlen seine Abrechnung und alle folgenden. "
-           "Gehen Sie unter „Stammdaten“ ein Jahr zurück, drücken Sie „Laden“, dann „Neu Anlegen“, "
-           "tragen Sie das Mitglied ein und drücken Sie „Speichern“; danach laden Sie wieder das "
-           "Jahr 2026. Dieselbe Meldung für ein früheres Jahr können Sie übergehen."_s.arg(line)
+           "Drücken Sie „Mehr“ und wählen Sie „Vorjahr abgleichen …“. Dieselbe Meldung für ein "
+           "früheres Jahr können Sie übergehen."_s.arg(line)
                .arg(member);
 }
 
