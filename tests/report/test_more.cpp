@@ -97,19 +97,18 @@ private Q_SLOTS:
         club.Menu()->hide();
     }
 
-    void every_entry_has_a_name_and_an_underlined_letter_of_its_own()
+    /// A letter that stands twice steps from one entry to the other.
+    void every_entry_has_a_name_of_its_own_and_an_underlined_letter()
     {
         QSet<QString> names;
-        QSet<QChar> letters;
         for (const MoreEntry& entry : MoreEntries()) {
             QVERIFY(entry.run != nullptr);
             const qsizetype mark = entry.caption.indexOf(u'&');
             QVERIFY2(mark >= 0, qPrintable(entry.caption));
             names.insert(entry.name);
-            letters.insert(entry.caption[mark + 1].toLower());
+            QVERIFY(entry.caption[mark + 1].isLetter());
         }
         QCOMPARE(names.size(), qsizetype(MoreEntries().size()));
-        QCOMPARE(letters.size(), qsizetype(MoreEntries().size()));
     }
 
     void the_check_report_opens_by_its_entry_and_by_f9()
