@@ -3,6 +3,7 @@
 #include "statement/page_font.h"
 
 #include <QGlyphRun>
+#include <QHash>
 #include <QMap>
 #include <QPainter>
 #include <QRawFont>
@@ -27,6 +28,56 @@ QRawFont DesignFont(bool bold)
     QRawFont design = QRawFont::fromFont(font);
     design.setPixelSize(design.unitsPerEm());
     return design;
+}
+
+/// A character of a face: its glyph and how far it moves on, in design units. Control characters
+/// are left out of texts.
+struct Letter {
+    quint32 glyph = 0;
+    double advance = 0.0;
+    bool is_control = false;
+};
+
+/// What a face is measured by. The faces lie inside the program and never change, so each character
+/// is asked for once in its life.
+struct FaceMeasures {
+    double units_per_em = 0.0;
+    double ascent = 0.0;
+    QHash<QChar, Letter> letters;
+};
+
+FaceMeasures& MeasuresOf(bool bold)
+{
+    static FaceMeasures faces[2]; // regular, bold
+    FaceMeasures& face = faces[bold ? 1 : 0];
+    if (face.units_per_em == 0.0) {
+        const QRawFont design = DesignFont(bold);
+        face.units_per_em = design.unitsPerEm();
+        face.ascent = design.ascent();
+    }
+    return face;
+}
+
+Letter MeasureLetter(QChar character, bool bold)
+{
+    Letter letter;
+    letter.is_control = character.category() == QChar::Other_Control;
+    if (letter.is_control)
+        return letter;
+    const QRawFont design = DesignFont(bold);
+    const QVector<quint32> glyphs = design.glyphIndexesForString(character);
+    letter.glyph = glyphs.value(0);
+    letter.advance
+        = design.advancesForGlyphIndexes(glyphs, QRawFont::UseDesignMetrics).value(0).x();
+    return letter;
+}
+
+const Letter& LetterOf(FaceMeasures& face, QChar character, bool bold)
+{
+    auto found = face.letters.find(character);
+    if (found == face.letters.end())
+        found = face.letters.insert(character, MeasureLetter(character, bold));
+    return *found;
 }
 
 /// The font that is drawn with. Upright stems stay where the widths put them, only horizontal ones
@@ -55,17 +106,19 @@ QString VisiblePart(const PageText& text)
     return text.right_aligned ? text.text.right(enough) : text.text.left(enough);
 }
 
-LaidOutText LayOut(const QString& text, const QRawFont& design, int pixel_size)
+LaidOutText LayOut(const QString& text, bool bold, int pixel_size)
 {
     LaidOutText laid_out;
-    QString visible = text;
-    visible.removeIf([](QChar c) { return c.category() == QChar::Other_Control; });
-    laid_out.glyphs = design.glyphIndexesForString(visible);
-    const QVector<QPointF> advances
-        = design.advancesForGlyphIndexes(laid_out.glyphs, QRawFont::UseDesignMetrics);
-    for (const QPointF& advance : advances) {
+    laid_out.glyphs.reserve(text.size());
+    laid_out.offsets.reserve(text.size());
+    FaceMeasures& face = MeasuresOf(bold);
+    for (const QChar character : text) {
+        const Letter& letter = LetterOf(face, character, bold);
+        if (letter.is_control)
+            continue;
+        laid_out.glyphs += letter.glyph;
         laid_out.offsets += laid_out.width;
-        laid_out.width += Rounded(advance.x() * pixel_size / design.unitsPerEm());
+        laid_out.width += Rounded(letter.advance * pixel_size / face.units_per_em);
     }
     return laid_out;
 }
@@ -74,16 +127,7 @@ LaidOutText LayOut(const QString& text, const QRawFont& design, int pixel_size)
 struct Player {
     QPainter& painter;
     double scale;
-    QRawFont designs[2] {}; ///< regular, bold
     QMap<std::pair<int, bool>, QRawFont> fonts {}; ///< by pixel size and weight
-
-    const QRawFont& Design(bool bold)
-    {
-        QRawFont& design = designs[bold ? 1 : 0];
-        if (!design.isValid())
-            design = DesignFont(bold);
-        return design;
-    }
 
     const QRawFont& Drawn(int pixel_size, bool bold)
     {
@@ -97,10 +141,10 @@ struct Player {
     void Draw(const PageText& text, qsizetype hidden)
     {
         const int pixel_size = PixelSize(text.point_size);
-        const QRawFont& design = Design(text.bold);
-        const LaidOutText laid_out = LayOut(VisiblePart(text), design, pixel_size);
+        const LaidOutText laid_out = LayOut(VisiblePart(text), text.bold, pixel_size);
         const int left = text.right_aligned ? text.x - laid_out.width : text.x;
-        const int baseline = text.y + Rounded(design.ascent() * pixel_size / design.unitsPerEm());
+        const FaceMeasures& face = MeasuresOf(text.bold);
+        const int baseline = text.y + Rounded(face.ascent * pixel_size / face.units_per_em);
 
         QVector<QPointF> positions;
         for (int offset : laid_out.offsets.mid(hidden))
@@ -188,7 +232,7 @@ void PlayPage(QPainter& painter, const PageItems& items, double scale)
 int TextWidth(const PageText& text)
 {
     const int pixel_size = PixelSize(text.point_size);
-    return LayOut(text.text, DesignFont(text.bold), pixel_size).width;
+    return LayOut(text.text, text.bold, pixel_size).width;
 }
 
 int TextLeft(const PageText& text)
