@@ -98,6 +98,10 @@ QString TextOfDouble(double value) { return DefaultText(value, digits_of_double)
 
 QString TextOfSingle(float value)
 {
+    // Whole numbers of up to seven digits are their own digits; most readings are of this kind.
+    constexpr float most = 9'999'999.0F;
+    if (value != 0.0F && std::abs(value) <= most && value == std::trunc(value))
+        return QString::number(static_cast<int>(value));
     return DefaultText(static_cast<double>(value), digits_of_single);
 }
 
