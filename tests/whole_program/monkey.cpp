@@ -1,12 +1,13 @@
 // A seeded random user over the whole window: keys, clicks, tab switches, years, answers to boxes.
 // After every step the promises that hold at any moment are checked. Steps and seed: arguments 1
-// and 2 (defaults below).
+// and 2 (defaults below); with "redraw" as argument 3 what is shown is compared with a full redraw.
 #include "app/german.h"
 #include "controls/fields.h"
 #include "data/dates.h"
 #include "data/file_names.h"
 #include "data/german_numbers.h"
 #include "tests/support/club.h"
+#include "tests/support/full_redraw.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
@@ -383,6 +384,13 @@ void CheckLedgerSteps(Monkey& monkey, const CashBookState& before, const QString
         "a booking goes only through its button");
 }
 
+void CheckAgainstRedraw(Monkey& monkey)
+{
+    const QString difference = DifferenceToFullRedraw(monkey.Club.program);
+    if (!difference.isEmpty())
+        Fail(monkey, QStringLiteral("shown as a full redraw would: ") + difference);
+}
+
 void OneStep(Monkey& monkey)
 {
     struct Way {
@@ -453,6 +461,8 @@ int main(int argument_count, char** arguments)
         ? static_cast<quint32>(std::strtoul(arguments[2], nullptr, 10))
         : default_seed;
 
+    const bool redraw = argument_count > 3 && qstrcmp(arguments[3], "redraw") == 0;
+
     Monkey monkey;
     monkey.Dice.seed(seed);
     Prepare(monkey);
@@ -468,6 +478,8 @@ int main(int argument_count, char** arguments)
             monkey.ErrorSinceLoad = false;
         CheckLedgerSteps(monkey, before, loaded_before);
         CheckPromises(monkey);
+        if (redraw)
+            CheckAgainstRedraw(monkey);
         ++monkey.Done[monkey.LastAction];
         monkey.Club.Boxes.clear();
         QCoreApplication::processEvents();
