@@ -34,7 +34,7 @@ bool NamesStart(QStringView text)
 /// Without a year at the very end and the blanks in front of it.
 QString WithoutYear(const QString& text)
 {
-    if (text.size() < year_digits)
+    if (text.size() < year_digits || !text.back().isDigit())
         return text;
     const QString front = text.chopped(year_digits);
     const QString folded_front = Folded(front);
@@ -45,12 +45,14 @@ QString WithoutYear(const QString& text)
 
 } // namespace
 
-bool IsOpeningText(const QString& text)
+bool IsOpeningText(const QString& folded)
 {
-    const QString folded = WithSingleBlanks(Folded(text));
-    if (BeginsWithWord(folded, u"uebertrag saldo"_s) || NamesStart(folded))
+    const QString text = WithSingleBlanks(folded);
+    if (BeginsWithWord(text, u"uebertrag saldo"_s) || NamesStart(text))
         return true;
-    const QString without_year = WithoutYear(folded);
+    if (!text.contains(u"guthaben"_s))
+        return false;
+    const QString without_year = WithoutYear(text);
     return without_year == u"guthaben" || without_year == u"aktuelles guthaben";
 }
 
@@ -62,7 +64,7 @@ QString KindText(const QString& text)
 
 bool IsMembersPayment(ClubYears& years, const Booking& booking, int report_year)
 {
-    if (PaymentKindOf(Folded(booking.text)) != PaymentKind::Payment)
+    if (PaymentKindOf(booking.folded) != PaymentKind::Payment)
         return false;
     // The word alone counts here: a booking of 5,00 in and 5,00 out is a payment on both sides.
     Payment payment = AssessYear(years.Known, booking.text, 1, booking.ledger_year, booking.day);

@@ -7,9 +7,9 @@
 
 #include <QString>
 
-/// True for a text that opens the account: "Übertrag Saldo 2025", "Anfangsbestand", "Guthaben
-/// 2026". "Übertrag Handkasse" and "Guthaben Meier" open nothing.
-bool IsOpeningText(const QString& text);
+/// True for a folded text that opens the account: "Übertrag Saldo 2025", "Anfangsbestand",
+/// "Guthaben 2026". "Übertrag Handkasse" and "Guthaben Meier" open nothing.
+bool IsOpeningText(const QString& folded);
 
 /// The text with single blanks and without a year at its very end ("Gartenzeitung 2026"); "ohne
 /// Text" when nothing is left.

@@ -2,6 +2,7 @@
 
 #include "data/dates.h"
 #include "data/records.h"
+#include "money/folding.h"
 
 using namespace Qt::StringLiterals;
 
@@ -35,6 +36,7 @@ MoneyLedger ReadBookings(Account account, int year, const QStringList& lines)
         if (booking.day)
             booking.date = ShortDate(*booking.day);
         booking.text = FieldOrEmpty(fields, BookingText);
+        booking.folded = Folded(booking.text);
         booking.deposit_text = FieldOrEmpty(fields, Deposit);
         booking.withdrawal_text = FieldOrEmpty(fields, Withdrawal);
         booking.deposit = ReadAmount(booking.deposit_text);

@@ -19,6 +19,7 @@ struct Booking {
     QString date; ///< as the ledger view shows it
     std::optional<QDate> day; ///< nothing when the date is no day
     QString text;
+    QString folded; ///< the text made comparable (folding)
     QString deposit_text; ///< as stored
     QString withdrawal_text;
     std::optional<Cents> deposit; ///< nothing when the text is no number; counts as 0

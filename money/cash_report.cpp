@@ -82,7 +82,7 @@ void FillReport(AccountWork& work, ClubYears& years, int report_year)
     Side expenses { work.report.expenses, {} };
     for (std::size_t i = 0; i < work.ledger.bookings.size(); ++i) {
         const Booking& booking = work.ledger.bookings[i];
-        if (IsOpeningText(booking.text)) {
+        if (IsOpeningText(booking.folded)) {
             work.report.opening += AmountOf(booking);
             ++work.report.openings;
         } else if (work.transferred[i]) {

@@ -62,6 +62,8 @@ void CountForYear(
 
 void CountPayment(OpenItems& items, MoneySource& source, const Booking& booking)
 {
+    if (PaymentKindOf(booking.folded) == PaymentKind::None)
+        return;
     Payment payment = AssessYear(
         source.Years.Known, booking.text, AmountOf(booking), booking.ledger_year, booking.day);
     const bool is_of_year = payment.Finding == PaymentFinding::OfYear;

@@ -45,15 +45,14 @@ struct Groups {
 
 GroupKey KeyOf(const Booking& booking, Cents amount)
 {
-    const QString folded = Folded(booking.text);
-    const bool is_payment = PaymentKindOf(folded) == PaymentKind::Payment;
-    return { booking.date, amount, is_payment ? folded : QString() };
+    const bool is_payment = PaymentKindOf(booking.folded) == PaymentKind::Payment;
+    return { booking.date, amount, is_payment ? booking.folded : QString() };
 }
 
 bool MayBePaired(const Booking& booking)
 {
     const bool has_both = DepositOf(booking) != 0 && WithdrawalOf(booking) != 0;
-    return !has_both && !IsOpeningText(booking.text);
+    return !has_both && !IsOpeningText(booking.folded);
 }
 
 Groups GroupWithdrawals(const MoneyLedger& from)
@@ -86,8 +85,8 @@ void AddDeposits(Groups& groups, const MoneyLedger& to)
 
 bool Fit(const Booking& withdrawal, const Booking& deposit)
 {
-    const QString from = Folded(withdrawal.text);
-    const QString to = Folded(deposit.text);
+    const QString& from = withdrawal.folded;
+    const QString& to = deposit.folded;
     return from == to || HasTransferWord(from) || HasTransferWord(to);
 }
 
@@ -102,6 +101,8 @@ bool AnyPairFits(const Group& group, const MoneyLedger& from, const MoneyLedger&
 void SearchOneWay(TransferSearch& search, const MoneyLedger& from, const MoneyLedger& to)
 {
     Groups groups = GroupWithdrawals(from);
+    if (groups.order.empty())
+        return;
     AddDeposits(groups, to);
     for (const GroupKey& key : groups.order) {
         const Group& group = groups.by_key[key];

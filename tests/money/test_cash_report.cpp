@@ -205,7 +205,7 @@ private Q_SLOTS:
     void texts_that_open_an_account()
     {
         QFETCH(QString, text);
-        QTEST(IsOpeningText(text), "opens");
+        QTEST(IsOpeningText(Folded(text)), "opens");
     }
 
     void the_kind_is_the_text_without_its_last_year_data()
