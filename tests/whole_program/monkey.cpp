@@ -10,6 +10,7 @@
 #include "tests/support/full_redraw.h"
 
 #include <QAbstractItemView>
+#include <QAction>
 #include <QApplication>
 #include <QCalendarWidget>
 #include <QCheckBox>
@@ -23,10 +24,13 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QRandomGenerator>
+#include <QRegularExpression>
 #include <QScrollBar>
 #include <QTabWidget>
 #include <QTableView>
 #include <QTest>
+#include <QTextBrowser>
+#include <QUrl>
 
 #include <cstdio>
 #include <cstdlib>
@@ -164,6 +168,28 @@ void ScrollThePreview(Monkey& monkey)
     monkey.LastAction = QStringLiteral("scrolling");
     QScrollBar* bar = monkey.Club.program.StatementPreview.VScroll1;
     bar->setValue(Below(monkey, bar->maximum() + 1));
+}
+
+/// Opens a money report, follows one of its links, closes it.
+void ReadAReport(Monkey& monkey)
+{
+    const QStringList entries { QStringLiteral("MoreOpenItems"), QStringLiteral("MoreCashReport"),
+        QStringLiteral("MoreCashBook"), QStringLiteral("MoreYears") };
+    const QString entry = entries[Below(monkey, entries.size())];
+    monkey.LastAction = QStringLiteral("reading ") + entry;
+    Program& program = monkey.Club.program;
+    program.Window.Window->findChild<QAction*>(entry)->trigger();
+    for (auto& [kind, opened] : program.Reports.Opened) {
+        if (!opened.Window->isVisible())
+            continue;
+        static const QRegularExpression link(QStringLiteral("href=\"([^\"]+)\""));
+        QStringList links;
+        for (auto found = link.globalMatch(opened.Shown); found.hasNext();)
+            links += found.next().captured(1);
+        if (!links.isEmpty())
+            Q_EMIT opened.Text->anchorClicked(QUrl(links[Below(monkey, links.size())]));
+        opened.Window->hide();
+    }
 }
 
 /// Hands other than the program's: lines added to a file, last year's file taken away or given
@@ -399,8 +425,8 @@ void OneStep(Monkey& monkey)
     };
     static constexpr Way ways[] = { { 40, TypeSomething }, { 30, PressSomething },
         { 30, PickSomething }, { 6, PickADay }, { 4, ToggleSomething }, { 10, ChangeTheTab },
-        { 4, ScrollThePreview }, { 1, MeddleWithFiles }, { 1, DamageAFile }, { 2, StepTheYear },
-        { 1, StartAnew }, { 2, StartAfresh } };
+        { 4, ScrollThePreview }, { 3, ReadAReport }, { 1, MeddleWithFiles }, { 1, DamageAFile },
+        { 2, StepTheYear }, { 1, StartAnew }, { 2, StartAfresh } };
     int all = 0;
     for (const Way& way : ways)
         all += way.share;

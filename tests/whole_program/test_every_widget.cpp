@@ -6,6 +6,7 @@
 #include <QAbstractButton>
 #include <QAbstractItemView>
 #include <QAbstractSpinBox>
+#include <QAction>
 #include <QCalendarWidget>
 #include <QComboBox>
 #include <QGroupBox>
@@ -22,6 +23,7 @@
 #include <QStyle>
 #include <QTabBar>
 #include <QTabWidget>
+#include <QTextBrowser>
 #include <QToolButton>
 #include <QToolTip>
 #include <QtTest>
@@ -188,6 +190,45 @@ private Q_SLOTS:
                 }
             }
             QVERIFY(measured > 100);
+        }
+        QApplication::setFont(before);
+    }
+
+    void every_money_report_has_a_name_and_room_for_its_buttons_data()
+    {
+        every_text_has_room_data();
+    }
+
+    void every_money_report_has_a_name_and_room_for_its_buttons()
+    {
+        QFETCH(int, points);
+        const QFont before = QApplication::font();
+        QFont font = before;
+        font.setPointSize(points);
+        QApplication::setFont(font);
+        {
+            Shown club;
+            QStringList names;
+            for (const char* entry :
+                { "MoreOpenItems", "MoreCashReport", "MoreCashBook", "MoreYears" })
+                club.program.Window.Window->findChild<QAction*>(QLatin1String(entry))->trigger();
+            QCOMPARE(club.program.Reports.Opened.size(), std::size_t(4));
+            for (auto& [kind, opened] : club.program.Reports.Opened) {
+                opened.Window->resize(640, 480);
+                QCoreApplication::processEvents();
+                names += opened.Text->accessibleName();
+                int measured = 0;
+                for (const QWidget* widget : opened.Window->findChildren<QWidget*>()) {
+                    if (widget->isVisible() && TakesInput(widget))
+                        QVERIFY2(!SpokenName(widget).isEmpty(), qPrintable(widget->objectName()));
+                    if (widget->isVisible())
+                        measured += Measure(widget);
+                }
+                QVERIFY(measured >= 3);
+            }
+            names.removeDuplicates();
+            QCOMPARE(names.size(), 4);
+            QVERIFY(!names.contains(QString()));
         }
         QApplication::setFont(before);
     }

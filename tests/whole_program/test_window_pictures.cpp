@@ -3,6 +3,7 @@
 #include "tests/support/club.h"
 #include "tests/support/test_file.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QDir>
 #include <QMainWindow>
@@ -68,6 +69,21 @@ private Q_SLOTS:
     }
 
 private:
+    /// The window of a report, as it opens.
+    static void PictureReport(TestClub& club, const QString& entry, bool dark)
+    {
+        club.program.Window.Window->findChild<QAction*>(entry)->trigger();
+        const QString kind = entry.sliced(4); // behind "More"
+        const QWidget* window = OpenedReportOf(club.program, kind)->Window;
+        QCoreApplication::processEvents();
+        const QImage picture = const_cast<QWidget*>(window)->grab().toImage();
+        const qreal scale = window->devicePixelRatio();
+        QVERIFY(picture.save(
+            QStringLiteral(PARZELLO_ROOT "/out/ansicht-%1-x%2-%3.png")
+                .arg(QString::fromLatin1(QTest::currentDataTag()), QString::number(scale), kind)));
+        QCOMPARE(picture.pixelColor(3, 3).lightness() < 128, dark);
+    }
+
     static void TakePictures(const QSize& size, bool dark)
     {
         const QDir out(QStringLiteral(PARZELLO_ROOT "/out"));
@@ -94,6 +110,8 @@ private:
             if (tab == 1)
                 QCOMPARE(PaperColour(club, picture), QColor(Qt::white));
         }
+        for (const char* entry : { "MoreOpenItems", "MoreCashReport", "MoreCashBook", "MoreYears" })
+            PictureReport(club, QString::fromLatin1(entry), dark);
     }
 };
 
