@@ -19,6 +19,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+constexpr int wide = 140; // characters of a line: a table of many columns
+
 QString YearTextOf(const Program& program)
 {
     const YearState& year = program.Year;
@@ -74,7 +76,8 @@ void OpenItemsLink(Program& program, const QString& action)
 
 void ShowOpenItems(Program& program)
 {
-    ShowReport(program, { u"OpenItems"_s, u"Offene Posten"_s, OpenItemsReport, OpenItemsLink });
+    ShowReport(
+        program, { u"OpenItems"_s, u"Offene Posten"_s, OpenItemsReport, OpenItemsLink, wide });
 }
 
 void ShowCashReport(Program& program)
@@ -89,7 +92,7 @@ void ShowCashBook(Program& program)
 
 void ShowYears(Program& program)
 {
-    ShowReport(program, { u"Years"_s, u"Jahre im Vergleich"_s, YearsOf, {} });
+    ShowReport(program, { u"Years"_s, u"Jahre im Vergleich"_s, YearsOf, {}, wide });
 }
 
 QString PaidTip(const Program& program, int member)

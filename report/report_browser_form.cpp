@@ -9,6 +9,8 @@
 
 namespace {
 
+constexpr int half_light = 128;
+
 /// Where a paragraph stands: in which cell of a table, if in any. Bars are tables within cells.
 struct CellPlace {
     const QTextTable* table = nullptr;
@@ -50,6 +52,8 @@ ReportBrowser::ReportBrowser(QWidget* parent)
     : QTextBrowser(parent)
 {
     setWordWrapMode(QTextOption::WordWrap); // a narrow table scrolls, it tears no word apart
+    if (palette().color(QPalette::Base).lightness() < half_light) // links are dark blue otherwise
+        document()->setDefaultStyleSheet(QStringLiteral("a { color: #7ab8ff }"));
 }
 
 QMimeData* ReportBrowser::createMimeDataFromSelection() const

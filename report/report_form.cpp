@@ -16,6 +16,7 @@
 #include <QMainWindow>
 #include <QPrinter>
 #include <QPushButton>
+#include <QScreen>
 #include <QScrollBar>
 #include <QShortcut>
 #include <QStandardPaths>
@@ -28,7 +29,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int line_characters = 95;
 constexpr int first_height = 700; // pixels
 
 Report MakeReport(Program& program, const OpenedReport& opened)
@@ -207,7 +207,9 @@ void BuildWindow(Program& program, const ReportKind& kind)
     column->addWidget(opened.Search);
     column->addLayout(BuildButtons(program, window, kind.Name));
     BuildKeys(program, window, kind.Name);
-    window->resize(window->fontMetrics().averageCharWidth() * line_characters, first_height);
+    window->resize(qMin(window->fontMetrics().averageCharWidth() * kind.Characters,
+                       window->screen()->availableGeometry().width()),
+        first_height);
     OnEvent(program, window, QEvent::WindowActivate, [name = kind.Name](Program& p, QEvent&) {
         Refresh(p, p.Reports.Opened[name]);
         return false;

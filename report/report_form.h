@@ -22,6 +22,7 @@ struct ReportKind {
     std::function<Report(Program&, const ReportChoices&)> Make; ///< the report as it is now
     std::function<void(Program&, const QString& action)>
         Act; ///< carries out the report's own links; may be missing
+    int Characters = 95; ///< width of the window when it opens, as far as the screen goes
 };
 
 /// A window that was opened; it is hidden while it is closed.

@@ -138,7 +138,9 @@ QString WidthOf(const ReportColumn& column)
 QString HtmlOfCell(
     const ReportColumn& column, const ReportCell& cell, const ReportRow& row, HtmlUse use)
 {
-    QStringList style { u"white-space:pre-wrap"_s };
+    // A number that is torn apart is two numbers.
+    const bool number = column.kind == ColumnKind::Number;
+    QStringList style { number ? u"white-space:nowrap"_s : u"white-space:pre-wrap"_s };
     if (cell.indent != Indent::None)
         style += u"padding-left:%1px"_s.arg(static_cast<int>(cell.indent) * indent_pixels);
     if (row.total)

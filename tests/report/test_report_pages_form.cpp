@@ -6,10 +6,12 @@
 #include "tests/support/test_file.h"
 
 #include <QAbstractTextDocumentLayout>
+#include <QApplication>
 #include <QMimeData>
 #include <QTextBlock>
 #include <QTextCursor>
 #include <QTextDocument>
+#include <QTextLayout>
 #include <QtTest>
 
 #include <memory>
@@ -189,6 +191,37 @@ private Q_SLOTS:
         QVERIFY(copied->text().contains(u"Nr.\tText\n0\tein langer Text"_s));
         QVERIFY(copied->text().contains(u"\n1\tkurz"_s));
         QVERIFY(copied->html().contains(u"<table"_s) && copied->html().contains(u"<td"_s));
+    }
+
+    void a_number_is_not_torn_apart()
+    {
+        Report report;
+        ReportTable table;
+        table.columns = { { u"Betrag"_s, ColumnKind::Number }, { u"Text"_s } };
+        table.rows.push_back({ { TextCell(u"1.193,53 €"_s), TextCell(u"wort "_s.repeated(50)) } });
+        report.items.emplace_back(table);
+        QTextDocument document;
+        document.setHtml(HtmlOfReport(report, {}, HtmlUse::Screen));
+        document.setTextWidth(120);
+        QVERIFY(!document.size().isEmpty()); // lays the lines out
+        for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
+            if (block.text().contains(u"1.193,53"_s))
+                QCOMPARE(block.layout()->lineCount(), 1);
+        }
+    }
+
+    void links_can_be_read_on_a_dark_desktop()
+    {
+        const QPalette before = QApplication::palette();
+        QPalette dark = before;
+        dark.setColor(QPalette::Base, Qt::black);
+        QApplication::setPalette(dark);
+        ReportBrowser browser(nullptr);
+        browser.setHtml(u"<a href=\"x\">Name</a>"_s);
+        const QColor link
+            = browser.document()->begin().begin().fragment().charFormat().foreground().color();
+        QApplication::setPalette(before);
+        QVERIFY2(link.lightness() > 128, qPrintable(link.name()));
     }
 
     void a_part_of_a_text_is_copied_as_that_part()
