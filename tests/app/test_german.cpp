@@ -1,6 +1,7 @@
 // German whatever the desktop's language is.
 #include "app/german.h"
 
+#include "report/report_browser_form.h"
 #include "tests/support/test_file.h"
 
 #include <QCalendarWidget>
@@ -36,6 +37,18 @@ private Q_SLOTS:
         for (const QAction* action : menu->actions())
             entries += action->text().remove(QLatin1Char('&'));
         QVERIFY2(entries.join(QLatin1Char('|')).contains(QStringLiteral("Einfügen")),
+            qPrintable(entries.join(QLatin1Char('|'))));
+    }
+
+    void the_context_menu_of_a_report_is_german()
+    {
+        ReportBrowser text(nullptr);
+        text.setPlainText(QStringLiteral("Offene Posten"));
+        const std::unique_ptr<QMenu> menu(text.createStandardContextMenu());
+        QStringList entries;
+        for (const QAction* action : menu->actions())
+            entries += action->text().remove(QLatin1Char('&'));
+        QVERIFY2(entries.join(QLatin1Char('|')).contains(QStringLiteral("Kopieren")),
             qPrintable(entries.join(QLatin1Char('|'))));
     }
 
