@@ -6,6 +6,7 @@
 #include "tests/support/club.h"
 #include "tests/support/test_file.h"
 
+#include <QAccessible>
 #include <QAction>
 #include <QDir>
 #include <QFile>
@@ -292,6 +293,20 @@ private Q_SLOTS:
         QVERIFY(club.TextOf("CashReport").contains(u"Für 2017 ist nichts gebucht."_s));
         QVERIFY(club.TextOf("CashBook").contains(u"Für 2017 ist nichts gebucht."_s));
         QVERIFY(club.TextOf("Years").contains(u"Bis 2017 gibt es kein Mitgliederverzeichnis."_s));
+    }
+
+    void a_screen_reader_reads_each_report()
+    {
+        MoneyClub club;
+        for (const Entry& entry : entries) {
+            club.Choose(entry.action);
+            const OpenedReport& opened = club.Opened(entry.kind);
+            QAccessibleInterface* text = QAccessible::queryAccessibleInterface(opened.Text);
+            QVERIFY(text != nullptr && text->textInterface() != nullptr);
+            QCOMPARE(text->text(QAccessible::Name), opened.Kind.Caption);
+            const int length = text->textInterface()->characterCount();
+            QVERIFY(text->textInterface()->text(0, length).startsWith(opened.Kind.Caption));
+        }
     }
 
     void the_auditors_page_is_a_page_of_its_own()
