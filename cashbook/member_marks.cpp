@@ -12,8 +12,11 @@ namespace {
 QString SurnameOf(const QString& name) { return name.section(QLatin1Char(','), 0, 0); }
 
 /// The names of the special billing files, letters folded: programs write ".XLS" as well as ".xls".
+/// The folder is listed once: to ask for each member's file takes a large club as long as the rest
+/// of a start.
 QSet<QString> SpecialBillings(const DataFiles& files)
 {
+    FileExists(files, SpecialBillingFileName({}, {})); // throws when the folder cannot be searched
     const QStringList names
         = QDir(files.DataDirectory).entryList({ QStringLiteral("SonderAbrechnung*") }, QDir::Files);
     QSet<QString> folded;
@@ -43,9 +46,7 @@ QStringList OverviewRows(const DataFiles& files, const QStringList& names, const
     QStringList rows;
     for (const QString& name : names) {
         const QString file = SpecialBillingFileName(SurnameOf(name), year_text);
-        const bool is_there
-            = there.contains(FileNameOf(file).toCaseFolded()) || FileExists(files, file);
-        rows += is_there ? name + SpecialBillingMark : name;
+        rows += there.contains(FileNameOf(file).toCaseFolded()) ? name + SpecialBillingMark : name;
     }
     return rows;
 }
