@@ -34,9 +34,31 @@ bool ChangesFolder(const TracedCall& call)
         || call.creates;
 }
 
+/// A path as strace writes it: letters outside ASCII as three octal digits.
+QString PathOf(const QString& written)
+{
+    QByteArray path = written.toUtf8();
+    for (qsizetype i = path.indexOf('\\'); i >= 0; i = path.indexOf('\\', i + 1))
+        path.replace(i, 4, QByteArray(1, static_cast<char>(path.mid(i + 1, 3).toInt(nullptr, 8))));
+    return QString::fromUtf8(path);
+}
+
 } // namespace
 
-QList<TracedCall> CallsBetweenMarks(const QByteArray& trace)
+QStringList PathsBelow(const QByteArray& trace, const QString& folder)
+{
+    const QRegularExpression form(
+        u"[\"<](%1(?:/[^\"<>]*)?)[\">]"_s.arg(QRegularExpression::escape(folder)));
+    QSet<QString> paths;
+    QRegularExpressionMatchIterator found = form.globalMatch(QString::fromUtf8(trace));
+    while (found.hasNext())
+        paths += PathOf(found.next().captured(1));
+    QStringList sorted(paths.cbegin(), paths.cend());
+    sorted.sort();
+    return sorted;
+}
+
+QList<TracedCall> CallsBetweenMarks(const QByteArray& trace, const QString& folder)
 {
     static const QRegularExpression form(
         u"^(\\d+) +(\\w+)\\((-[78])?(?:AT_FDCWD[^,]*, )?(?:\\d+<([^>]*)>|\"([^\"]*)\")?"_s);
@@ -47,11 +69,13 @@ QList<TracedCall> CallsBetweenMarks(const QByteArray& trace)
         const QRegularExpressionMatch match = form.match(QString::fromUtf8(line));
         if (!match.hasMatch())
             continue;
-        const int number = ++counts[match.captured(1) + u' ' + match.captured(2)];
         if (!match.captured(3).isEmpty())
             is_inside = match.captured(3) == u"-7"_s;
-        else if (is_inside)
-            calls += { match.captured(2), number, match.captured(4) + match.captured(5),
+        if (PathsBelow(line, folder).isEmpty())
+            continue;
+        const int number = ++counts[match.captured(1) + u' ' + match.captured(2)];
+        if (is_inside)
+            calls += { match.captured(2), number, PathOf(match.captured(4) + match.captured(5)),
                 line.contains("O_CREAT") };
     }
     return calls;
