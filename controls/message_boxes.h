@@ -1,4 +1,4 @@
-// Message boxes behind one seam: the program asks through Messages::Ask, tests put their prepared
+// Message boxes behind one seam: the program asks through Program::Ask, tests put their prepared
 // answers there.
 #pragma once
 
