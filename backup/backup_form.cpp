@@ -4,12 +4,15 @@
 #include "backup/copying.h"
 #include "backup/texts.h"
 #include "controls/fields.h"
+#include "controls/frames.h"
 #include "data/file_names.h"
 
 #include <QCursor>
+#include <QDir>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QGuiApplication>
+#include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
 
@@ -78,6 +81,19 @@ bool StickConfirmed(const Program& program, const QString& question)
     return program.Ask(box) == BoxAnswer::Ok;
 }
 
+/// Tinted when the copies lie on the computer that they are to be saved from.
+void ShowDone(Program& program, const Destination& destination, qsizetype copies)
+{
+    const QString when
+        = program.Today().toString(u"dd.MM.yyyy "_s) + program.Backup.Clock().toString(u"HH:mm"_s);
+    const QString folder = QDir::toNativeSeparators(QDir::cleanPath(destination.Folder));
+    const bool on_stick = !destination.Drive.isEmpty();
+    QLabel* line = program.Backup.DoneLine;
+    Tint(line, on_stick ? TintKind::None : TintKind::Unsaved);
+    line->setAutoFillBackground(!on_stick);
+    ShowWarningLine(line, BackupDone(destination.Drive, when, folder, copies));
+}
+
 bool FolderAskedFor(Program& program, QEvent&)
 {
     ShowBackupFolder(program);
@@ -121,6 +137,9 @@ QWidget* BuildBackupFrame(Program& program, QWidget* parent)
     grid->addWidget(form.Command10, 0, 0);
     grid->addWidget(form.Command11, 0, 1);
     grid->addWidget(form.PB1, 1, 0, 1, 2);
+    form.DoneLine = MakeWarningLine(frame, u"BackupDone"_s, TintKind::None);
+    form.DoneLine->setAutoFillBackground(false);
+    grid->addWidget(form.DoneLine, 2, 0, 1, 2);
     return frame;
 }
 
@@ -135,10 +154,13 @@ void SaveBackup(Program& program) // Command10, "Sichern"
     const ProgressRun run(program.Backup.PB1);
     if (!StickConfirmed(program, AskForStick))
         return;
+    ShowWarningLine(program.Backup.DoneLine, {}); // a run that fails leaves no old one standing
+    qsizetype copies = 0;
     {
         const BusyPointer busy;
-        BackUpFiles(program.Files, destination.Folder, names, run.Counting(names.size()));
+        copies = BackUpFiles(program.Files, destination.Folder, names, run.Counting(names.size()));
     }
+    ShowDone(program, destination, copies);
     Tell(program.Ask, SavedTitle, SavedTo(destination.Drive));
 }
 

@@ -106,6 +106,26 @@ RuntimeError BackupFailed(const QString& file, const SystemError& error, const Q
         "einmal sichern."_s.arg(folder));
 }
 
+/// Reads every copy back; gives their number.
+qsizetype VerifyCopies(const DataFiles& files, const QString& folder, const QStringList& names)
+{
+    qsizetype copies = 0;
+    for (const QString& name : names) {
+        const QByteArray content = ReadFromData(files, name);
+        if (content.isEmpty())
+            continue;
+        const QString path = InFolder(folder, name);
+        ForgetCached(path);
+        QByteArray copy;
+        if (const SystemError error = ReadFileBytes(path, copy))
+            throw BackupFailed(name, error, folder);
+        if (copy != content)
+            throw BackupFailed(name, Fault::WrittenOtherwise, folder);
+        ++copies;
+    }
+    return copies;
+}
+
 QList<QByteArray> ReadAllFromStick(const QString& folder, const QStringList& names)
 {
     QList<QByteArray> contents;
@@ -233,7 +253,7 @@ void CreateBackupFolder(const QString& folder)
         "Bitte prüfen, ob der Stick noch steckt und nicht schreibgeschützt ist."_s.arg(folder));
 }
 
-void BackUpFiles(
+qsizetype BackUpFiles(
     const DataFiles& files, const QString& folder, const QStringList& names, const FileDone& done)
 {
     for (qsizetype i = 0; i < names.size(); ++i) {
@@ -249,6 +269,7 @@ void BackUpFiles(
     }
     if (const SystemError error = FlushMedium(folder))
         throw BackupFailed({}, error, folder);
+    return VerifyCopies(files, folder, names);
 }
 
 void RestoreFiles(

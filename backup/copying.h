@@ -30,9 +30,10 @@ void CreateBackupFolder(const QString& folder);
 
 /// Copies the named files of the data directory to the folder and keeps their times; empty files
 /// are skipped, `done` is called for them all the same. Each file appears under its name only when
-/// it is complete; on return everything is on the medium. Throws RuntimeError (File) naming the
+/// it is complete; on return everything is on the medium and was read back from there byte by byte.
+/// Gives the number of copies. Throws RuntimeError (File) naming the
 /// file that failed: files before it are copied, those after it are not.
-void BackUpFiles(
+qsizetype BackUpFiles(
     const DataFiles& files, const QString& folder, const QStringList& names, const FileDone& done);
 
 /// Copies the named files of the folder to the data directory (data/line_file.h, RewriteFile) and

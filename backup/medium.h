@@ -28,5 +28,8 @@ bool IsSameFolder(const QString& a, const QString& b);
 /// Gives a file the access and change times of another one.
 SystemError CopyFileTimes(const QString& from, const QString& to);
 
+/// Lets the system drop what it keeps of a file in memory, so that reading it asks the medium.
+void ForgetCached(const QString& path);
+
 /// Waits until everything written to the medium of that folder has arrived there.
 SystemError FlushMedium(const QString& folder);

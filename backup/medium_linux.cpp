@@ -136,3 +136,12 @@ SystemError FlushMedium(const QString& folder)
         = ::close(descriptor) == 0 || errno == EINTR ? Fault::None : LastError();
     return error ? error : close_error;
 }
+
+void ForgetCached(const QString& path)
+{
+    const int descriptor = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC);
+    if (descriptor < 0)
+        return; // reading it will say why
+    ::posix_fadvise(descriptor, 0, 0, POSIX_FADV_DONTNEED);
+    ::close(descriptor);
+}

@@ -22,6 +22,15 @@ inline QString RestoredFrom(const QString& drive)
     return u"Daten von "_s + drive + u" wieder hergestellt!"_s;
 }
 
+/// The line below the bar.
+inline QString BackupDone(
+    const QString& drive, const QString& when, const QString& folder, qsizetype copies)
+{
+    const QString files = copies == 1 ? u"1 Datei"_s : u"%1 Dateien"_s.arg(copies);
+    const QString where = drive.isEmpty() ? u", kein USB-Stick: gesichert nach "_s : u" nach "_s;
+    return when + where + folder + u", "_s + files + u", geprüft"_s;
+}
+
 /// Tool tip of both buttons: the folder in use.
 inline QString BackupFolderTip(const QString& drive, const QString& folder)
 {

@@ -2,12 +2,14 @@
 // year. The rules of copying are proved in test_copying.
 #include "tests/support/club.h"
 
+#include "controls/fields.h"
 #include "data/file_names.h"
 #include "tests/support/test_file.h"
 
 #include <QDir>
 #include <QGroupBox>
 #include <QGuiApplication>
+#include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMainWindow>
@@ -246,6 +248,44 @@ private Q_SLOTS:
                 u"Datensicherug: Daten auf "_s + club.Drive + u" gesichert!"_s }));
         QCOMPARE(values, QList<int>({ 0, 0 }));
         QVERIFY(NamesIn(club.Drive + u"/Parzello"_s).isEmpty());
+    }
+
+    void a_finished_backup_says_below_the_bar_where_it_went_and_when()
+    {
+        StartedClub club;
+        club.program.Backup.Clock = [] { return QTime(22, 20, 59); };
+        const auto* line = club.Control<QLabel>("BackupDone");
+        QVERIFY(line->isHidden());
+        club.Save();
+        QVERIFY(!line->isHidden());
+        QCOMPARE(line->text(),
+            u"20.11.2017 22:20 nach %1, 8 Dateien, geprüft"_s.arg(
+                QDir::toNativeSeparators(club.Stick)));
+        QCOMPARE(TintOf(line), TintKind::None);
+    }
+
+    void a_backup_without_a_stick_is_tinted()
+    {
+        StartedClub club;
+        club.program.Backup.Clock = [] { return QTime(8, 5); };
+        club.Drive.clear();
+        club.Save();
+        const auto* line = club.Control<QLabel>("BackupDone");
+        QCOMPARE(line->text(),
+            u"20.11.2017 08:05, kein USB-Stick: gesichert nach %1, 8 Dateien, geprüft"_s.arg(
+                QDir::toNativeSeparators(club.Folder.filePath(u"root/Parzello"_s))));
+        QCOMPARE(TintOf(line), TintKind::Unsaved);
+    }
+
+    void a_backup_that_fails_leaves_no_line_of_an_earlier_one()
+    {
+        StartedClub club;
+        club.Save();
+        const QString copy = club.Stick + u"/Konto2017.pz"_s;
+        QVERIFY(QFile::remove(copy) && QDir().mkpath(copy + u"/x"_s));
+        club.Save();
+        QCOMPARE(club.Boxes.last().icon, BoxIcon::Error);
+        QVERIFY(club.Control<QLabel>("BackupDone")->isHidden());
     }
 
     void an_existing_empty_folder_is_fine()

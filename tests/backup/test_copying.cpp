@@ -349,6 +349,35 @@ private Q_SLOTS:
         QVERIFY(error.where.remedy.contains(QStringLiteral("Die Sicherung ist unvollständig")));
     }
 
+    void a_copy_that_reads_back_otherwise_is_no_backup()
+    {
+        const TwoFolders folders;
+        Write(folders.Data("Konto2016.pz"), "17.11.2016;Porto;0,00;1,00\r\n");
+        Write(folders.Data("Config.ini"), "[2016]\r\n");
+        const FileDone worn_out_stick = [&](qsizetype) {
+            if (QFile::exists(folders.OnStick("Konto2016.pz")))
+                Write(folders.OnStick("Konto2016.pz"), "17.11.2016;Porto;0,00;9,00\r\n");
+        };
+        const RuntimeError error = ErrorOf([&] {
+            BackUpFiles(folders.Files, folders.Stick, Texts({ "Config.ini", "Konto2016.pz" }),
+                worn_out_stick);
+        });
+        QCOMPARE(error.where.file, QStringLiteral("Konto2016.pz"));
+        QVERIFY(!error.reason.isEmpty());
+        QVERIFY(error.where.remedy.contains(QStringLiteral("unvollständig")));
+    }
+
+    void backup_counts_the_copies_that_it_read_back()
+    {
+        const TwoFolders folders;
+        Write(folders.Data("Config.ini"), "");
+        Write(folders.Data("Konto2016.pz"), "x");
+        Write(folders.Data("Konto2017.pz"), "y");
+        QCOMPARE(BackUpFiles(folders.Files, folders.Stick,
+                     Texts({ "Config.ini", "Konto2016.pz", "Konto2017.pz" }), Nothing),
+            2);
+    }
+
     void backup_to_a_folder_without_permission_names_the_file()
     {
         const TwoFolders folders;
