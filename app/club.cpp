@@ -43,6 +43,7 @@ void SaveClubName(Program& program)
     program.Window.SSTab1->setFocus(); // before the box goes, else its neighbour "Beenden" gets it
     program.Window.Text5->hide();
     program.Window.Command22->hide();
+    ShowUnsaved(program);
     DrawStatementPages(program); // the name stands on every bill
     ShowAccountTitle(program);
 }

@@ -98,8 +98,6 @@ void BuildTabs(Program& program, QWidget* parent)
     AddTab(program, QStringLiteral("Druckvorlagen"), BuildStatementTab);
     AddTab(program, QStringLiteral("Kontoführung"), BuildCashBookTab);
     AddTab(program, QStringLiteral("Einstellungen"), BuildSettingsTab);
-    for (int tab = 0; tab < program.Window.SSTab1->count(); ++tab)
-        program.Window.SSTab1->setTabToolTip(tab, QStringLiteral("Strg+%1").arg(tab + 1));
 }
 
 /// The whole scrolls too: with very large letters even the head is wider than a very small screen.
@@ -150,6 +148,7 @@ void ConnectHandlers(Program& program)
     On(program, window.Command8, &QPushButton::clicked, Exit);
     On(program, window.Command22, &QPushButton::clicked, SaveClubName);
     On(program, window.Text5, &QLineEdit::returnPressed, ClubNameEntered);
+    On(program, window.Text5, &QLineEdit::textChanged, ShowUnsaved);
     OnEvent(program, window.Text5, QEvent::FocusIn, SelectClubNameHint);
     OnEvent(program, window.Text5, QEvent::MouseButtonRelease, SelectClubNameHint);
     OnEvent(program, window.Window, QEvent::Close, WindowClosing);
@@ -192,6 +191,7 @@ void BuildMainWindow(Program& program)
     BuildMore(program);
     BuildShortcuts(program);
     HookEvent(qApp, QEvent::Quit, SessionEnds);
+    ShowUnsaved(program);
     ConnectHandlers(program); // last: building a tab control signals tab changes
 }
 

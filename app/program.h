@@ -8,6 +8,7 @@
 #include "app/main_window.h"
 #include "app/start_up.h"
 #include "app/tab_guard.h"
+#include "app/unsaved.h"
 #include "app/year_notes.h"
 #include "backup/backup_form.h"
 #include "cashbook/cashbook_controls.h"

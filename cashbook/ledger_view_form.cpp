@@ -227,6 +227,7 @@ void ShowCashBookMarks(Program& program)
     SelectMarkedRow(program, row);
     ShowReplaceMark(program, row);
     ShowUnsavedMark(program, ShownAccount(program));
+    ShowUnsaved(program);
 }
 
 void ShowLedgerRow(Program& program, qsizetype row)

@@ -142,7 +142,10 @@ void ConnectFields(Program& program, int first, int last)
 {
     for (int field = first; field <= last; ++field) {
         On(program, ControlOfField(program.MembersTab, field), &QLineEdit::textChanged,
-            [field](Program& p) { ShowFieldState(p, field); });
+            [field](Program& p) {
+                ShowFieldState(p, field);
+                ShowUnsaved(p);
+            });
         if (field < ElectricityStart)
             ConnectAddressField(program, field);
     }

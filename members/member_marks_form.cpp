@@ -102,6 +102,7 @@ void ShowFieldStates(Program& program)
     for (int field = 0; field < MemberFieldCount; ++field)
         ShowFieldState(program, field);
     ShowWarningLine(program.MembersTab.ShiftNotice, ShiftText(ShownRecord(program)));
+    ShowUnsaved(program);
 }
 
 void ShowDifferenceState(Program& program, MemberField start)

@@ -235,6 +235,7 @@ void ShowBankMarks(Program& program)
     }
     MarkUnsaved(form.C1->lineEdit(), shown.TreasurerSalutation != saved.TreasurerSalutation);
     form.BankMark->setVisible(shown != saved);
+    ShowUnsaved(program);
 }
 
 void LoadBank(Program& program)

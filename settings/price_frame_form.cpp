@@ -156,6 +156,7 @@ void ShowPriceMarks(Program& program)
     MarkUnsaved(form.Check1, shown.ElectricityPrepayment != saved.ElectricityPrepayment);
     MarkUnsaved(form.Check2, shown.WaterPrepayment != saved.WaterPrepayment);
     form.PricesMark->setVisible(shown != saved);
+    ShowUnsaved(program);
 }
 
 void LoadPrices(Program& program)
