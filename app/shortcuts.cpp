@@ -7,6 +7,8 @@
 #include "settings/price_frame_form.h"
 
 #include <QKeySequence>
+#include <QLineEdit>
+#include <QListWidget>
 #include <QMainWindow>
 #include <QPushButton>
 #include <QShortcut>
@@ -55,13 +57,37 @@ bool BringToFront(Program& program, Tab tab)
     return program.Window.SSTab1->currentIndex() == tab;
 }
 
+/// Where work begins on a tab; never a button that acts.
+QWidget* FirstFieldOfWork(const Program& program, Tab tab)
+{
+    switch (tab) {
+    case MembersTab:
+        return program.NameLists.List1;
+    case StatementTab:
+        return program.StatementPreview.P1;
+    case CashBookTab:
+        return program.CashBookTab.Text10[DateEntry];
+    case SettingsTab:
+        return program.SettingsTab.Text4[ElectricityPriceField];
+    case TabCount:
+        break;
+    }
+    return program.Window.SSTab1;
+}
+
+void GoToWork(Program& program, Tab tab)
+{
+    if (BringToFront(program, tab))
+        FirstFieldOfWork(program, tab)->setFocus(Qt::ShortcutFocusReason);
+}
+
 } // namespace
 
 void BuildShortcuts(Program& program)
 {
     for (int tab = 0; tab < TabCount; ++tab) {
         Key(program, QKeySequence(static_cast<int>(Qt::CTRL) | (Qt::Key_1 + tab)),
-            [tab](Program& p) { p.Window.SSTab1->setCurrentIndex(tab); });
+            [tab](Program& p) { GoToWork(p, static_cast<Tab>(tab)); });
     }
     Key(program, QKeySequence(QStringLiteral("Ctrl+S")), SaveTabInFront);
     Key(program, QKeySequence(QStringLiteral("Ctrl+N")), [](Program& p) {

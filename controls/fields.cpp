@@ -1,9 +1,11 @@
 #include "controls/fields.h"
 
+#include "controls/events.h"
 #include "data/ansi_text.h"
 #include "data/german_numbers.h"
 
 #include <QAbstractItemView>
+#include <QFocusEvent>
 #include <QHelpEvent>
 #include <QLabel>
 #include <QLineEdit>
@@ -21,8 +23,36 @@ namespace {
 
 constexpr char tint_property[] = "tint";
 constexpr char own_tool_tip_property[] = "own_tool_tip";
+constexpr char first_click_property[] = "first_click";
+constexpr char read_only_property[] = "looks_read_only";
 constexpr int row_margin = 3; // above and below the text of a row
 constexpr int text_margin = 14; // frame and inner margins of a line edit, left and right
+
+/// The first character that the files cannot hold, and what stands in for it; empty when all can.
+QString ReplacementNote(const QString& typed)
+{
+    const QList<uint> characters = typed.normalized(QString::NormalizationForm_C).toUcs4();
+    for (const uint code : characters) {
+        const char32_t character_code = code;
+        const QString character = QString::fromUcs4(&character_code, 1);
+        const bool ends_lines = QChar::category(code) == QChar::Other_Control
+            || QChar::category(code) == QChar::Separator_Line
+            || QChar::category(code) == QChar::Separator_Paragraph;
+        const QString stored = AsStored(character);
+        if (stored != character && !ends_lines)
+            return u"„%1“ kann nicht gespeichert werden, dafür steht hier „%2“."_s.arg(
+                character, stored);
+    }
+    return {};
+}
+
+/// Ends with the next press or after a while, as tool tips do.
+void NoteReplacement(QLineEdit* field, const QString& typed)
+{
+    const QString note = ReplacementNote(typed);
+    if (!note.isEmpty())
+        QToolTip::showText(field->mapToGlobal(QPoint(0, field->height())), note, field);
+}
 
 /// The same typed text with the caret at the same place counted from the end, which is where the
 /// user is typing.
@@ -34,6 +64,26 @@ void ShowAsStored(QLineEdit* field, const QString& typed)
     const qsizetype behind_caret = typed.size() - field->cursorPosition();
     field->setText(stored);
     field->setCursorPosition(static_cast<int>(stored.size() - behind_caret));
+    NoteReplacement(field, typed);
+}
+
+/// A click into a field that has the focus already sets the caret as ever.
+void SelectWholeOnFocus(QLineEdit* field)
+{
+    HookEvent(field, QEvent::FocusIn, [field](QEvent& event) {
+        const Qt::FocusReason reason = static_cast<QFocusEvent&>(event).reason();
+        if (reason == Qt::MouseFocusReason)
+            field->setProperty(first_click_property, true);
+        else if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason)
+            field->selectAll();
+        return false;
+    });
+    HookEvent(field, QEvent::MouseButtonRelease, [field](QEvent&) {
+        if (field->property(first_click_property).toBool() && !field->hasSelectedText())
+            field->selectAll();
+        field->setProperty(first_click_property, {});
+        return false;
+    });
 }
 
 void TintWhenNoNumber(QLineEdit* field)
@@ -71,6 +121,15 @@ QColor Blend(const QColor& ground, const QColor& colour)
         mix(ground.blue(), colour.blue()) };
 }
 
+/// The palette of a control that is not tinted.
+QPalette OwnPalette(const QWidget* control)
+{
+    QPalette palette;
+    if (control->property(read_only_property).toBool())
+        palette.setColor(QPalette::Base, palette.color(QPalette::Window));
+    return palette;
+}
+
 class RoomyRows : public QStyledItemDelegate {
 public:
     using QStyledItemDelegate::QStyledItemDelegate;
@@ -105,9 +164,11 @@ QLineEdit* MakeField(QWidget* parent, FieldKind kind, int characters,
         field->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
         QObject::connect(
             field, &QLineEdit::textChanged, field, [field] { TintWhenNoNumber(field); });
+        SelectWholeOnFocus(field);
     }
     if (kind == FieldKind::DisplayOnly) {
         field->setReadOnly(true);
+        LookReadOnly(field);
         field->setFocusPolicy(Qt::NoFocus);
         field->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     }
@@ -131,6 +192,12 @@ QLabel* MakeCaption(QWidget* parent, const QString& text, QWidget* field)
     return caption;
 }
 
+void LookReadOnly(QWidget* control)
+{
+    control->setProperty(read_only_property, true);
+    control->setPalette(OwnPalette(control));
+}
+
 void Tint(QWidget* field, TintKind kind, const QString& tool_tip)
 {
     if (TintOf(field) == TintKind::None && kind != TintKind::None)
@@ -139,7 +206,7 @@ void Tint(QWidget* field, TintKind kind, const QString& tool_tip)
         if (TintOf(field) == TintKind::None)
             return;
         field->setProperty(tint_property, {});
-        field->setPalette(QPalette());
+        field->setPalette(OwnPalette(field));
         field->setToolTip(field->property(own_tool_tip_property).toString());
         return;
     }

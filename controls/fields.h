@@ -22,7 +22,9 @@ inline constexpr int TabSpacing = 12; ///< pixels between frames
 enum class FieldKind { Text, Amount, DisplayOnly };
 
 /// An entry field wide enough for so many characters. What is typed or pasted is shown at once as
-/// it will be stored (data/ansi_text.h, AsStored); texts set by code are left alone. The accessible
+/// it will be stored (data/ansi_text.h, AsStored), and a short note at the field says so when a
+/// character had to be replaced; texts set by code are left alone. An amount is selected whole when
+/// the focus comes, also with the first click, so that typing replaces it. The accessible
 /// name is what a screen reader says and is unique within the tab; the unit ("KWh", "€") goes into
 /// the accessible description.
 QLineEdit* MakeField(QWidget* parent, FieldKind kind, int characters,
@@ -30,6 +32,9 @@ QLineEdit* MakeField(QWidget* parent, FieldKind kind, int characters,
 
 /// A field for a number stays as narrow as its digits; returns the field.
 QLineEdit* KeepNarrow(QLineEdit* field);
+
+/// Gives a control the ground of the window, as everything has that cannot be typed into.
+void LookReadOnly(QWidget* control);
 
 /// A caption in front of a field (plain text; its buddy is the field).
 QLabel* MakeCaption(QWidget* parent, const QString& text, QWidget* field = nullptr);

@@ -10,6 +10,7 @@
 #include "members/member_marks_form.h"
 #include "members/member_saving.h"
 
+#include <QApplication>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
@@ -93,6 +94,9 @@ void StepKey(Program& program, QGroupBox* frame, int key, int direction)
 void ConnectMemberButtons(Program& program)
 {
     const MemberForm& form = program.MembersTab;
+    QWidget::setTabOrder(form.Text3[BuildingPremium], form.Command1Save);
+    QWidget::setTabOrder(form.Command1Save, form.Command1Delete);
+    QWidget::setTabOrder(form.Command1Delete, form.Command14);
     On(program, form.Command14, &QPushButton::clicked, NewMember);
     On(program, form.Command1Save, &QPushButton::clicked, SaveMember);
     On(program, form.Command1Delete, &QPushButton::clicked, DeleteMember);
@@ -222,6 +226,8 @@ void EnterReadings(Program& program)
         QStringLiteral("Die Zählerstände stehen noch im Formular: Drücken Sie, sobald das "
                        "behoben ist, noch einmal „OK“."));
     LoadYear(program);
+    if (auto* reading = qobject_cast<QLineEdit*>(QApplication::focusWidget()))
+        reading->selectAll(); // the next one typed replaces it
 }
 
 void StepMember(Program& program, int direction)

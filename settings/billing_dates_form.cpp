@@ -27,6 +27,7 @@ QLabel* MakeDateLabel(QWidget* parent)
     label->setFrameShape(QFrame::StyledPanel);
     label->setBackgroundRole(QPalette::Base);
     label->setAutoFillBackground(true);
+    LookReadOnly(label);
     label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     label->setAccessibleName(u"Abrechnungsdatum"_s);
     return label;

@@ -98,7 +98,7 @@ private Q_SLOTS:
             QVERIFY(club.Field(field)->y() >= club.Field(field - 1)->y());
     }
 
-    void the_tab_key_follows_the_reading_order()
+    void the_tab_key_follows_the_reading_order_and_saves_before_it_deletes()
     {
         MemberClub club(eva);
         QStringList order;
@@ -114,7 +114,7 @@ private Q_SLOTS:
             QStringList({ u"Command3(1)"_s, u"Command3(0)"_s, u"Command4"_s, u"List1"_s,
                 u"Text3(0)"_s, u"Text3(1)"_s, u"Text3(2)"_s, u"Text3(3)"_s, u"Text3(4)"_s,
                 u"Text3(5)"_s, u"Text3(6)"_s, u"Text3(7)"_s, u"Text3(8)"_s, u"Text3(9)"_s,
-                u"Text3(10)"_s, u"Text3(11)"_s, u"Command14"_s, u"Command1(0)"_s, u"Command1(2)"_s,
+                u"Text3(10)"_s, u"Text3(11)"_s, u"Command1(0)"_s, u"Command1(2)"_s, u"Command14"_s,
                 u"Text1(0)"_s, u"Text1(1)"_s, u"Text1(3)"_s, u"Text1(4)"_s, u"Command2"_s,
                 u"ListView2"_s }));
     }
