@@ -48,6 +48,21 @@ void KeepHeadingsWithText(QTextDocument& document)
     }
 }
 
+/// The list of keys is meant to be printed alone and hung up.
+void BeginKeysOnPageOfTheirOwn(QTextDocument& document)
+{
+    for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
+        for (auto part = block.begin(); !part.atEnd(); ++part) {
+            if (!part.fragment().charFormat().anchorNames().contains(QStringLiteral("tasten")))
+                continue;
+            QTextBlockFormat format;
+            format.setPageBreakPolicy(QTextFormat::PageBreak_AlwaysBefore);
+            QTextCursor(block).mergeBlockFormat(format);
+            return;
+        }
+    }
+}
+
 QHash<QString, int> PagesOfAnchors(const QTextDocument& document)
 {
     QHash<QString, int> pages;
@@ -126,6 +141,7 @@ int main(int argument_count, char** arguments)
     page.replace(QStringLiteral(".png\""), QStringLiteral("@2x.png\"")); // paper shows every dot
     document.setHtml(page);
     document.setPageSize(writer.pageLayout().paintRectPixels(pixels_per_inch).size());
+    BeginKeysOnPageOfTheirOwn(document);
     KeepHeadingsWithText(document);
     AddPageNumbersToContents(document);
     writer.setTitle(document.metaInformation(QTextDocument::DocumentTitle));

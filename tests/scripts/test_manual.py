@@ -77,6 +77,17 @@ class TestManual(unittest.TestCase):
         cls.html = (FOLDER / "handbuch.html").read_text(encoding="utf-8")
         cls.page = Page(cls.html)
 
+    def test_the_keys_stand_on_one_page_of_their_own(self):
+        pages = subprocess.run(["pdftotext", "-layout", FOLDER / "handbuch.pdf", "-"],
+            check=True, capture_output=True, text=True).stdout.split("\f")
+        keys = [page for page in pages if re.match(r"\s*Tasten\n", page)]
+        self.assertEqual(len(keys), 1)
+        rows = re.findall(r"^\| (Strg\+\S+|Alt\+\S+|F\d+)", SOURCE.split("{#tasten}")[1],
+            re.MULTILINE)
+        self.assertGreater(len(rows), 8)
+        for key in rows:
+            self.assertIn(key.rstrip(","), keys[0])
+
     def test_f1_finds_a_chapter_for_every_tab(self):
         code = (ROOT / "app/manual.cpp").read_text(encoding="utf-8")
         body = code[code.index("QString ManualChapter"):]
@@ -96,7 +107,7 @@ class TestManual(unittest.TestCase):
     def test_the_chapters_of_a_club_year_are_there(self):
         for chapter in ["Das erste Jahr", "Ein normales Jahr", "Neue und ausscheidende Mitglieder",
                         "Der Jahreswechsel", "Zwei Konten", "Sichern und Wiederherstellen",
-                        "Alle Meldungen", "Eigenheiten", "Tastenkürzel"]:
+                        "Alle Meldungen", "Eigenheiten", "Tasten"]:
             self.assertIn(chapter, self.page.headings)
 
     def test_pictures_are_beside_the_page_and_described(self):
@@ -127,7 +138,7 @@ class TestManual(unittest.TestCase):
         for chapter, number in contents.items():
             lines = [plain(line) for line in pages[int(number) - 1].splitlines()]
             self.assertIn(plain(chapter), lines)
-        self.assertIn("Tastenkürzel", contents)
+        self.assertIn("Tasten", contents)
 
     def test_every_message_of_the_program_is_explained(self):
         explained = plain(SOURCE)
