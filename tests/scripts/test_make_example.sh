@@ -25,6 +25,17 @@ grep -q $'^D\xf6rfler;' "$club/Mitgliedsdaten2031.pz" || fail "the umlaut is not
 grep -q $'^\\[2030\\]\r$' "$club/Config.ini" || fail "no section 2030"
 grep -q $'^Fl\xe4che=0,03\r$' "$club/Config.ini" || fail "no price for the area"
 
+# The bank's number is one that a bank would take, as the program's own check has it.
+iban=$(sed -n 's/^BLZ=//p' "$club/Config1.ini" | tr -d ' \r')
+python3 -c 'import sys; i = sys.argv[1]; sys.exit(int("".join(str(int(c, 36)) for c in i[4:] + i[:4])) % 97 != 1)' \
+    "$iban" || fail "the IBAN $iban is none"
+
+# What this year's bills deduct was asked for last year: electricity and water.
+last_year=$(sed -n '/^\[2030\]/,/^\[2031\]/p' "$club/Config.ini" | tr -d '\r')
+for kind in Strom Wasser; do
+    grep -qx "Vorauszahlung $kind=1" <<<"$last_year" || fail "last year asked for no prepayment: $kind"
+done
+
 # Last year's end readings are this year's start readings.
 paste -d';' "$club/Mitgliedsdaten2030.pz" "$club/Mitgliedsdaten2031.pz" | tr -d '\r' \
     | awk -F';' '$14 != $29 || $16 != $31 { exit 1 }' || fail "readings do not go on"
