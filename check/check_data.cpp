@@ -231,7 +231,7 @@ QString EuroAmount(double value) { return FormatNumber(value, u"0.00"_s); }
 
 std::array<double, 2> Deductions(const CheckData& data, qsizetype member)
 {
-    if (member >= PageCount(data.Source.Statement))
+    if (member >= data.Source.Statement.MemberPages)
         return {};
     const AnnualStatement bill = StatementOfPage(data.Source.Statement, member);
     return { bill.rows[ElectricityPaidRow].amount.value_or(0.0),

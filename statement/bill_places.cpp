@@ -86,7 +86,7 @@ qsizetype FirstParting(const BillSource& source, qsizetype without_line)
     const auto trimmed = [](const MemberRecord& record, int field) {
         return FieldOrEmpty(record, field).trimmed();
     };
-    for (qsizetype k = 0; k < without_line; ++k) {
+    for (qsizetype k = 0; k < qMin(without_line, lists.PreviousYearList.size()); ++k) {
         const MemberRecord here = SplitRecord(lists.RecordList[k]);
         const MemberRecord before = SplitRecord(lists.PreviousYearList[k]);
         const bool same_name = trimmed(here, Surname) == trimmed(before, Surname)

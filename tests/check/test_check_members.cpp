@@ -131,6 +131,16 @@ private Q_SLOTS:
         QVERIFY(!FindingOf(result, u"C21"_s));
     }
 
+    void members_far_behind_the_end_of_last_years_list_are_checked()
+    {
+        CheckClub club;
+        club.LastYear.remove(20, 10);
+        club.LastYearTicks = { u"0"_s, u"0"_s };
+        const CheckResult result = club.Check();
+        QVERIFY(FindingOf(result, u"C38"_s));
+        QVERIFY(FindingOf(result, u"C24"_s));
+    }
+
     void before_billing_time_missing_ends_are_a_hint()
     {
         CheckClub club(Season::January);
