@@ -8,6 +8,7 @@
 #include <QScrollBar>
 #include <QWheelEvent>
 
+#include <algorithm>
 #include <cmath>
 #include <utility>
 
@@ -46,6 +47,12 @@ PageSurface::PageSurface(QWidget* parent, std::function<PageContents()> contents
     setAttribute(Qt::WA_TransparentForMouseEvents); // wheel and clicks are the viewport's
 }
 
+void PageSurface::SetZoom(int percent)
+{
+    m_zoom = percent;
+    setFixedSize(PageWidth * percent / 100, PageHeight * percent / 100);
+}
+
 void PageSurface::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
@@ -53,9 +60,10 @@ void PageSurface::paintEvent(QPaintEvent*)
     // The page is replayed in device pixels: fonts of the exact size instead of enlarged ones.
     const double scale = devicePixelRatioF();
     painter.scale(1.0 / scale, 1.0 / scale);
+    const double zoomed = scale * m_zoom / 100;
     const PageContents contents = m_contents();
-    Play(painter, contents.fixed, scale);
-    Play(painter, &contents.member, scale);
+    Play(painter, contents.fixed, zoomed);
+    Play(painter, &contents.member, zoomed);
 }
 
 PageViewport::PageViewport(QWidget* parent, QScrollBar* scroll_bar)
@@ -64,6 +72,13 @@ PageViewport::PageViewport(QWidget* parent, QScrollBar* scroll_bar)
 {
     setFixedWidth(PageWidth);
     setFocusPolicy(Qt::StrongFocus);
+}
+
+void PageViewport::SetZoom(int percent)
+{
+    const int width = PageWidth * percent / 100;
+    setMinimumWidth(std::min(width, PageWidth)); // a larger page must not push the frames away
+    setMaximumWidth(width);
 }
 
 void PageViewport::wheelEvent(QWheelEvent* event)

@@ -16,17 +16,24 @@ class PageSurface : public QWidget {
 public:
     PageSurface(QWidget* parent, std::function<PageContents()> contents);
 
+    /// Shows the page that much larger or smaller; 100 is page pixel for pixel.
+    void SetZoom(int percent);
+
 protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
     std::function<PageContents()> m_contents; ///< what stands on the shown page
+    int m_zoom = 100; ///< percent
 };
 
 /// The viewport: as wide as a page, as high as the desk. Wheel and keys move the scroll bar.
 class PageViewport : public QWidget {
 public:
     PageViewport(QWidget* parent, QScrollBar* scroll_bar);
+
+    /// As wide as the page at that zoom where the desk has the room.
+    void SetZoom(int percent);
 
     void wheelEvent(QWheelEvent* event) override; ///< public for the desk around it
 

@@ -7,6 +7,7 @@
 #include "statement/page_preview.h"
 #include "statement/preview_paging.h"
 #include "statement/statement_pages.h"
+#include "statement/zoom_form.h"
 
 #include <QGridLayout>
 #include <QGroupBox>
@@ -70,7 +71,7 @@ void ShowPage(Program& program)
     form.Text7->setText(QString::number(program.Statement.ShownPage));
     form.P2->setObjectName(ControlName(u"P2"_s, program.Statement.ShownPage - 1));
     form.P2->setAccessibleName(PageName(program));
-    form.P2->move(0, TopOfShownPage(program.Statement));
+    form.P2->move(LeftOfPage(program), TopOfShownPage(program.Statement));
     form.P2->update();
     ShowWhatIsMissing(program);
     form.Desk->update(); // the shadow goes with the page
@@ -79,7 +80,7 @@ void ShowPage(Program& program)
 void FitScrollBar(Program& program)
 {
     StatementForm& form = program.StatementPreview;
-    const ScrollRange range = ScrollRangeFor(PageHeight, form.P1->height());
+    const ScrollRange range = ScrollRangeFor(form.P2->height(), form.P1->height());
     form.VScroll1->setPageStep(qMax(1, range.large_step));
     form.VScroll1->setRange(0, range.maximum); // a value beyond it moves the page back
 }
@@ -130,7 +131,7 @@ QWidget* BuildPreview(Program& program, QWidget* tab)
     auto* row = new QHBoxLayout(desk);
     row->setContentsMargins(desk_margin, 0, desk_margin, 0);
     row->addStretch();
-    row->addWidget(form.P1);
+    row->addWidget(form.P1, 1); // a larger page takes the room beside it
     row->addStretch();
     return desk;
 }
@@ -195,6 +196,9 @@ void ConnectHandlers(Program& program)
     const StatementForm& form = program.StatementPreview;
     On(program, form.VScroll1, &QScrollBar::valueChanged, Scrolled);
     OnEvent(program, form.P1, QEvent::Resize, ViewportResized);
+    OnEvent(program, form.P1, QEvent::Wheel, ZoomByWheel);
+    OnEvent(program, form.Desk, QEvent::Wheel, ZoomByWheel);
+    OnEvent(program, form.P1, QEvent::KeyPress, MovePageByKey);
     OnEvent(program, form.P1, QEvent::FocusIn, FocusMoved);
     OnEvent(program, form.P1, QEvent::FocusOut, FocusMoved);
     On(program, form.Command9Next, &QPushButton::clicked, NextPage);
@@ -224,6 +228,7 @@ void BuildStatementTab(Program& program, QWidget* tab)
     row->addWidget(side);
 
     BuildKeys(program, tab);
+    BuildZoomKeys(program, tab);
     ConnectHandlers(program);
 }
 
@@ -265,5 +270,11 @@ void NextPage(Program& program) // Command9(0)
 void PreviousPage(Program& program) // Command9(1)
 {
     StepToPreviousPage(program.Statement);
+    ShowPage(program);
+}
+
+void FitPreview(Program& program)
+{
+    FitScrollBar(program);
     ShowPage(program);
 }

@@ -13,6 +13,8 @@ struct StatementForm {
     QWidget* P2 = nullptr; ///< the shown page surface, named P2(index)
     QWidget* Desk = nullptr; ///< the grey ground on which the page lies
     QScrollBar* VScroll1 = nullptr;
+    int Zoom = 100; ///< percent, 50 to 300: the size of the picture alone
+    int LeftOut = 0; ///< pixels of a larger page that lie left of the viewport
     QLineEdit* Text7 = nullptr; ///< "Angezeigte Seite"
     QLineEdit* Text9 = nullptr; ///< "Gesamtseitenzahl"
     QLabel* UnfinishedLine = nullptr; ///< says that amounts are missing on the shown page
@@ -32,6 +34,9 @@ void DrawStatementPages(Program& program);
 
 /// Text9 and Text8(1) show the number of members.
 void SetPageFields(Program& program);
+
+/// Scroll bar and page fit the sizes of viewport and page surface.
+void FitPreview(Program& program);
 
 void NextPage(Program& program); ///< Command9(0)
 void PreviousPage(Program& program); ///< Command9(1)
