@@ -1,5 +1,6 @@
 #include "app/main_window.h"
 
+#include "app/bill_ways.h"
 #include "app/program.h"
 #include "app/shortcuts.h"
 #include "app/texts.h"
@@ -190,6 +191,7 @@ void BuildMainWindow(Program& program)
     program.Window.SSTab1->setFocus(); // else the first button has the focus: "Beenden"
     BuildMore(program);
     BuildShortcuts(program);
+    BuildBillWays(program);
     HookEvent(qApp, QEvent::Quit, SessionEnds);
     ShowUnsaved(program);
     ConnectHandlers(program); // last: building a tab control signals tab changes
@@ -197,7 +199,9 @@ void BuildMainWindow(Program& program)
 
 void DestroyMainWindow(Program& program)
 {
+    program.Readings.RunOpen = false; // its readings are in the file; nothing is drawn any more
     delete program.Window.Window;
     program.Window = {};
+    program.Readings = {};
     program.Reports.Opened.clear(); // their windows went with the main window
 }

@@ -49,6 +49,7 @@ const std::vector<MoreEntry>& MoreEntries()
 {
     static const std::vector<MoreEntry> entries {
         { u"MoreCheck"_s, u"&Prüfbericht …"_s, u"F9"_s, ShowCheckReport },
+        { u"MoreReadings"_s, u"&Ablesung …"_s, u"F8"_s, ShowReadings },
         { u"MoreAlign"_s, u"&Vorjahr abgleichen …"_s, {}, ShowAlignWindow },
         { u"MoreOpenItems"_s, u"&Offene Posten …"_s, {}, ShowOpenItems },
         { u"MoreCashReport"_s, u"&Kassenbericht …"_s, {}, ShowCashReport },

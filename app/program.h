@@ -27,6 +27,7 @@
 #include "members/member_names_form.h"
 #include "members/member_saving.h"
 #include "members/member_tab_form.h"
+#include "members/readings_form.h"
 #include "outgoing/bills_as_pdf_form.h"
 #include "outgoing/transfer_code_form.h"
 #include "report/report_form.h"
@@ -76,6 +77,7 @@ struct Program {
     YearForm YearRow; // tab "Stammdaten", as the next two
     MemberForm MembersTab;
     MemberNamesForm NameLists;
+    ReadingsForm Readings; // its own window
     ::YearNotes YearNotes; // on every tab
     StatementForm StatementPreview; // tab "Druckvorlagen"
     PrintFrameForm PrintFrame; // the frame "Drucken" on the tab "Druckvorlagen"

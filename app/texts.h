@@ -28,6 +28,10 @@ inline const QString AskSaveBank
 inline const QString AskLeaveMember = QStringLiteral(
     "Die Angaben im Formular sind nicht gespeichert. Soll das Programm trotzdem beendet werden ?");
 
+inline const QString AskLeaveMemberForReadings = QStringLiteral(
+    "Die Angaben im Formular sind nicht gespeichert. Trotzdem Zählerstände anderer Mitglieder "
+    "eintragen ?");
+
 inline const QString ClubNameHint = QStringLiteral(
     "Hier bitte Ihren Vereinsnamen eingeben z.B.: KGV \"Lindenblick\" e.V. Wiesenrode");
 inline const QString ClubNamePlaceholder = QStringLiteral("Vereinsname");

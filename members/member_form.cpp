@@ -218,16 +218,35 @@ void DeleteMember(Program& program)
     ReloadAfterWriting(program);
 }
 
-void EnterReadings(Program& program)
+namespace {
+
+/// The first half of "OK": list, differences, file.
+void StoreReadings(Program& program)
 {
     ReplaceRecord(program.Members, program.Member.CurrentMember, TypedRecord(program.MembersTab));
     ComputeDifferences(program);
     WriteMembers(program, program.Members,
         QStringLiteral("Die Zählerstände stehen noch im Formular: Drücken Sie, sobald das "
                        "behoben ist, noch einmal „OK“."));
+}
+
+} // namespace
+
+void EnterReadings(Program& program)
+{
+    StoreReadings(program);
     LoadYear(program);
     if (auto* reading = qobject_cast<QLineEdit*>(QApplication::focusWidget()))
         reading->selectAll(); // the next one typed replaces it
+}
+
+void StoreReading(Program& program, int position, MemberField field, const QString& text)
+{
+    SelectMember(program, position);
+    ControlOfField(program.MembersTab, field)->setText(text);
+    StoreReadings(program);
+    program.Members.StoredList = program.Members.RecordList; // as a reload would find it
+    ShowFieldStates(program);
 }
 
 void StepMember(Program& program, int direction)

@@ -2,6 +2,8 @@
 // saving and deleting a member.
 #pragma once
 
+#include "data/records.h"
+
 #include <array>
 
 class QGroupBox;
@@ -45,6 +47,10 @@ void DeleteMember(Program& program);
 /// Command2. The record list has the readings before the differences are computed: a reading that
 /// is no number stops it there, before the file is written.
 void EnterReadings(Program& program);
+
+/// Shows the member at that position, puts the text into that reading and does what Command2 does,
+/// except that the year is not read anew: who enters many does so at the end, with LoadYear.
+void StoreReading(Program& program, int position, MemberField field, const QString& text);
 
 /// Ctrl+Down (1) and Ctrl+Up (-1) in the readings: enters what was typed, then shows the member
 /// below or above with the end reading of the same meter selected for typing.
