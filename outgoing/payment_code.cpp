@@ -30,7 +30,7 @@ bool ReachesInto(const PageItems& member, const PageBox& space)
 
 } // namespace
 
-Transfer TransferOfPage(const StatementState& statement, const QString& payee, qsizetype index)
+BankTransfer TransferOfPage(const StatementState& statement, const QString& payee, qsizetype index)
 {
     const BillSource& source = statement.Source;
     const bool drawn = index < statement.StatementTotals.size();
@@ -41,7 +41,7 @@ Transfer TransferOfPage(const StatementState& statement, const QString& payee, q
 
 QString NoCodeOnPage(const StatementState& statement, const QString& payee, qsizetype index)
 {
-    const Transfer transfer = TransferOfPage(statement, payee, index);
+    const BankTransfer transfer = TransferOfPage(statement, payee, index);
     const QString reason = NoCodeReason(transfer);
     if (!reason.isEmpty())
         return reason;

@@ -5,7 +5,7 @@
 #include "statement/statement_state.h"
 
 /// The transfer that pays the bill on page index, as it was drawn.
-Transfer TransferOfPage(const StatementState& statement, const QString& payee, qsizetype index);
+BankTransfer TransferOfPage(const StatementState& statement, const QString& payee, qsizetype index);
 
 /// Why page index gets no code: NoCodeReason, or an address that reaches into its place. Empty when
 /// it gets one.

@@ -27,7 +27,7 @@ QString AmountLine(Cents cents)
     return u"EUR%1.%2"_s.arg(cents / 100).arg(cents % 100, 2, 10, QLatin1Char('0'));
 }
 
-QByteArray Joined(const Transfer& transfer, const QString& purpose)
+QByteArray Joined(const BankTransfer& transfer, const QString& purpose)
 {
     const QStringList lines { u"BCD"_s, u"002"_s, u"1"_s, u"SCT"_s, {},
         TransferText(transfer.Payee, longest_payee), CompactIban(transfer.Iban),
@@ -45,7 +45,7 @@ PageFill Run(int side, int row, int first, int last)
 
 } // namespace
 
-QString NoCodeReason(const Transfer& transfer)
+QString NoCodeReason(const BankTransfer& transfer)
 {
     if (!IsIban(transfer.Iban))
         return u"Die IBAN besteht ihre Prüfung nicht."_s;
@@ -60,7 +60,7 @@ QString NoCodeReason(const Transfer& transfer)
     return {};
 }
 
-QByteArray TransferPayload(const Transfer& transfer)
+QByteArray TransferPayload(const BankTransfer& transfer)
 {
     QString purpose = transfer.Purpose;
     QByteArray payload = Joined(transfer, purpose);

@@ -13,7 +13,7 @@
 #include <vector>
 
 /// A transfer to the club.
-struct Transfer {
+struct BankTransfer {
     QString Payee; ///< as typed
     QString Iban; ///< as typed
     std::optional<Cents> Amount; ///< nothing: the bill was not drawn
@@ -21,11 +21,11 @@ struct Transfer {
 };
 
 /// Why there is no code, as a sentence; empty when there is one.
-QString NoCodeReason(const Transfer& transfer);
+QString NoCodeReason(const BankTransfer& transfer);
 
 /// Eleven lines joined by LF, UTF-8, at most 331 bytes: a purpose that is too long loses characters
 /// from its end. Only for a transfer without a NoCodeReason.
-QByteArray TransferPayload(const Transfer& transfer);
+QByteArray TransferPayload(const BankTransfer& transfer);
 
 /// The squares of a code, row by row; true is black.
 struct CodeSquares {

@@ -18,13 +18,16 @@ QStringList Member(const QString& surname, const QString& first_name, const QStr
     return { surname, first_name, {}, {}, {}, garden };
 }
 
-Transfer Example()
+BankTransfer Example()
 {
     return { u"Gartenverein Birkenried e.V."_s, iban, 19353,
         PurposeText(u"2026"_s, Member(u"Krüger"_s, u"Uwe"_s, u"7"_s)) };
 }
 
-QString Payload(const Transfer& transfer) { return QString::fromUtf8(TransferPayload(transfer)); }
+QString Payload(const BankTransfer& transfer)
+{
+    return QString::fromUtf8(TransferPayload(transfer));
+}
 
 QString Lines(
     const QString& payee, const QString& account, const QString& amount, const QString& purpose)
@@ -33,7 +36,7 @@ QString Lines(
         + purpose;
 }
 
-int VersionOf(const Transfer& transfer)
+int VersionOf(const BankTransfer& transfer)
 {
     return (SquaresOf(TransferPayload(transfer)).Side - 17) / 4;
 }
@@ -108,7 +111,7 @@ private Q_SLOTS:
         QFETCH(QString, account);
         QFETCH(qint64, cents);
         QFETCH(QString, purpose);
-        const Transfer transfer { payee, account, cents, purpose };
+        const BankTransfer transfer { payee, account, cents, purpose };
         QTEST(Payload(transfer), "payload");
         QTEST(int(TransferPayload(transfer).size()), "bytes");
         QTEST(VersionOf(transfer), "version");
@@ -117,7 +120,7 @@ private Q_SLOTS:
 
     void a_purpose_that_is_cut_ends_in_no_blank()
     {
-        Transfer transfer = Example();
+        BankTransfer transfer = Example();
         transfer.Payee = QString(70, u'Ä');
         transfer.Purpose = QString(110, u'x') + u" yyyyyyyyyyyyyyyyyyyyyyyyyyyyyy"_s;
         const qsizetype before = TransferPayload(transfer).size();
@@ -129,9 +132,9 @@ private Q_SLOTS:
 
     void the_first_reason_against_a_code_is_said_data()
     {
-        QTest::addColumn<Transfer>("transfer");
+        QTest::addColumn<BankTransfer>("transfer");
         QTest::addColumn<QString>("reason");
-        Transfer transfer = Example();
+        BankTransfer transfer = Example();
         QTest::newRow("a code") << transfer << QString();
         transfer.Amount = 99'999'999'999;
         QTest::newRow("the largest amount") << transfer << QString();
@@ -151,7 +154,7 @@ private Q_SLOTS:
 
     void the_first_reason_against_a_code_is_said()
     {
-        QFETCH(Transfer, transfer);
+        QFETCH(BankTransfer, transfer);
         QTEST(NoCodeReason(transfer), "reason");
     }
 
