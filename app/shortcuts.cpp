@@ -66,9 +66,9 @@ QWidget* FirstFieldOfWork(const Program& program, Tab tab)
     case StatementTab:
         return program.StatementPreview.P1;
     case CashBookTab:
-        return program.CashBookTab.Text10[DateEntry];
+        return program.CashBookTab.Text10.at(DateEntry);
     case SettingsTab:
-        return program.SettingsTab.Text4[ElectricityPriceField];
+        return program.SettingsTab.Text4.at(ElectricityPriceField);
     case TabCount:
         break;
     }

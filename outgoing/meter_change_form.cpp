@@ -46,7 +46,7 @@ MeterChangeForm FormOf(const QDialog* dialog)
 /// The field of the form that the dialog reads and fills: Text1(0) or Text1(3).
 QLineEdit* StartField(const Program& program, const MeterChangeForm& form)
 {
-    return program.MembersTab.Text1[form.Electricity->isChecked() ? 0 : 3];
+    return program.MembersTab.Text1.at(form.Electricity->isChecked() ? 0 : 3);
 }
 
 void TintReading(QLineEdit* field, bool wrong, const QString& sentence)
