@@ -114,9 +114,11 @@ void TabChanged(Program& program, int new_tab)
         AskForBank(program);
 }
 
-bool AskForUnsaved(Program& program)
+bool AskForUnsaved(Program& program) { return AskForUnsaved(program, AskLeaveMember); }
+
+bool AskForUnsaved(Program& program, const QString& leave_member)
 {
-    if (MemberFormDiffers(program) && !Confirmed(program, AskLeaveMember))
+    if (MemberFormDiffers(program) && !Confirmed(program, leave_member))
         return false;
     bool asked_for_settings = false;
     const auto done = [&program](const auto& question) {

@@ -115,6 +115,7 @@ const std::vector<CheckRule>& CheckRules()
         { u"C48"_s, CheckMissingYears },
         { u"C49"_s, CheckExactBalance },
         { u"C50"_s, CheckPaidMarks },
+        { u"C51"_s, CheckSentBills },
     };
     // clang-format on
     return rules;

@@ -80,3 +80,6 @@ void CheckMissingYears(const CheckData& data, Findings& findings); ///< C48
 
 // payment_rules
 void CheckPaidMarks(const CheckData& data, Findings& findings); ///< C50
+
+// sent_rules: bills that went out
+void CheckSentBills(const CheckData& data, Findings& findings); ///< C51

@@ -39,14 +39,26 @@ SystemError ReadOnce(const DataFiles& files)
         return Fault::None;
     if (files.StateDirectory.isEmpty())
         return Fault::Missing;
-    SystemError error = MakePrivateFolder(HistoryFolder(files));
-    if (!error)
-        error = ReadHistory(files, state.Entries);
+    const SystemError error = ReadHistory(files, state.Entries);
     state.LastContents.clear();
     state.Bytes = 0;
     for (const HistoryEntry& entry : std::as_const(state.Entries))
         state.Bytes += entry.Size;
     state.IsRead = !error;
+    state.HasFolder = false;
+    return error;
+}
+
+/// Before something is kept.
+SystemError MakeReady(const DataFiles& files)
+{
+    HistoryState& state = *files.History;
+    if (const SystemError error = ReadOnce(files))
+        return error;
+    if (state.HasFolder)
+        return Fault::None;
+    const SystemError error = MakePrivateFolder(HistoryFolder(files));
+    state.HasFolder = !error;
     return error;
 }
 
@@ -150,7 +162,7 @@ SavingAction::~SavingAction()
 
 HistoryMark NextMark(const DataFiles& files)
 {
-    if (const SystemError error = ReadOnce(files)) {
+    if (const SystemError error = MakeReady(files)) {
         NoteFailure(files, {}, error);
         return {};
     }
@@ -161,7 +173,7 @@ void KeepReplaced(const DataFiles& files, const QString& target, const QByteArra
     const HistoryMark& noted)
 {
     HistoryState& state = *files.History;
-    if (const SystemError error = ReadOnce(files))
+    if (const SystemError error = MakeReady(files))
         return NoteFailure(files, target, error);
     if (IsLastKept(files, target, content))
         return;
@@ -175,7 +187,7 @@ void KeepReplaced(const DataFiles& files, const QString& target, const QByteArra
 bool KeepRecord(const DataFiles& files, const RedoRecord& record)
 {
     HistoryState& state = *files.History;
-    SystemError error = ReadOnce(files);
+    SystemError error = MakeReady(files);
     if (!error && record.Mark.Number == 0) // of a version of the program that kept nothing
         Keep(files, { record.target, record.content, NextMark(files) });
     if (error || record.Mark.Number == 0) {
@@ -218,6 +230,11 @@ SystemError ReadHistory(const DataFiles& files, QList<HistoryEntry>& entries)
         entries += HistoryEntryOf(name).value_or(HistoryEntry {});
     std::stable_sort(entries.begin(), entries.end(), ComesBefore);
     return error;
+}
+
+QList<HistoryEntry> KnownHistory(const DataFiles& files)
+{
+    return ReadOnce(files) ? QList<HistoryEntry>() : files.History->Entries;
 }
 
 std::optional<RedoRecord> ReadKept(const DataFiles& files, const HistoryEntry& entry)

@@ -44,6 +44,10 @@ void KeepSentOut(const DataFiles& files, const QString& name, const QByteArray& 
 /// All kept states, the first one first. Looks into the folder anew.
 SystemError ReadHistory(const DataFiles& files, QList<HistoryEntry>& entries);
 
+/// All kept states as this run knows them: looks into the folder the first time only. Empty when it
+/// cannot be read. Creates nothing.
+QList<HistoryEntry> KnownHistory(const DataFiles& files);
+
 /// The content of a kept state and the name of its file; nothing when it is damaged, gone or cannot
 /// be read.
 std::optional<RedoRecord> ReadKept(const DataFiles& files, const HistoryEntry& entry);

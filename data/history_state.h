@@ -30,6 +30,7 @@ struct HistoryState {
     Deed How = Deed::Saved; ///< of the states that it saves
 
     bool IsRead = false; ///< Entries and Bytes are those of the folder
+    bool HasFolder = false; ///< the folder was made, or was there
     QList<HistoryEntry> Entries; ///< ordered by number
     qint64 Bytes = 0;
     QHash<QString, QByteArray> LastContents; ///< key of a file: its last kept state

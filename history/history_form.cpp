@@ -1,6 +1,5 @@
 #include "history/history_form.h"
 
-#include "app/follow_link.h"
 #include "app/program.h"
 #include "history/file_kinds.h"
 #include "history/history_report.h"
@@ -37,11 +36,8 @@ void Say(const Program& program, const QString& text)
 /// What is typed and not saved would be gone with the next load.
 bool MayLeaveUnsaved(Program& program)
 {
-    if (!AskForUnsaved(program))
-        return false;
-    return !MemberFormDiffers(program)
-        || Confirmed(
-            program, u"Die Angaben im Formular sind nicht gespeichert. Trotzdem zurückholen ?"_s);
+    return AskForUnsaved(
+        program, u"Die Angaben im Formular sind nicht gespeichert. Trotzdem zurückholen ?"_s);
 }
 
 /// True for a file whose content is in memory.

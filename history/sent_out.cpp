@@ -6,8 +6,7 @@
 #include "history/state_lines.h"
 
 #include <QHash>
-
-#include <algorithm>
+#include <QSet>
 
 using namespace Qt::StringLiterals;
 
@@ -42,6 +41,30 @@ QString PagesOf(const QList<SentBill>& bills)
     return (bills.size() == 1 ? u"Seite "_s : u"Seiten "_s) + pages;
 }
 
+/// Each name with its number among its namesakes.
+QStringList WithOrder(const QStringList& names)
+{
+    QHash<QString, int> count;
+    QStringList result;
+    for (const QString& name : names)
+        result += name + u'\n' + QString::number(++count[name]);
+    return result;
+}
+
+/// Takes the bills whose members are still open.
+void TakeBills(const RedoRecord& run, QSet<QString>& open, QHash<QString, LastSentBill>& last)
+{
+    const QList<SentBill> bills = BillsOfSentOut(run.content);
+    QStringList names;
+    for (const SentBill& bill : bills)
+        names += bill.Name;
+    names = WithOrder(names);
+    for (qsizetype i = 0; i < bills.size(); ++i) {
+        if (open.remove(names[i]))
+            last[names[i]] = { bills[i], HowOf(run.content), run.Mark.Time };
+    }
+}
+
 } // namespace
 
 void KeepSentBills(
@@ -72,25 +95,21 @@ QString WordsOfSentOut(const QString& name, const QByteArray& content)
         + (HowOf(content) == SentHow::Pdf ? as_pdf : printed);
 }
 
-QList<LastSentBill> LastSentBills(const DataFiles& files, const QString& year_text)
+QList<std::optional<LastSentBill>> LastSentBills(
+    const DataFiles& files, const QString& year_text, const QStringList& names)
 {
-    QList<HistoryEntry> entries;
-    if (ReadHistory(files, entries))
-        return {};
     const QString key = HistoryKeyOf(NameOfRun(year_text));
-    QHash<QString, LastSentBill> last; // by name; namesakes are told apart by their order
-    for (const HistoryEntry& entry : std::as_const(entries)) {
-        const bool is_run = entry.Key == key && entry.Mark.How == Deed::SentOut;
-        const std::optional<RedoRecord> run = is_run ? ReadKept(files, entry) : std::nullopt;
-        const QList<SentBill> bills = run ? BillsOfSentOut(run->content) : QList<SentBill>();
-        QHash<QString, int> namesakes;
-        for (const SentBill& bill : bills)
-            last[bill.Name + u'\n' + QString::number(++namesakes[bill.Name])]
-                = { bill, HowOf(run->content), entry.Mark.Time };
+    const QStringList wanted = WithOrder(names);
+    QSet<QString> open(wanted.cbegin(), wanted.cend());
+    QHash<QString, LastSentBill> last;
+    const QList<HistoryEntry> entries = KnownHistory(files);
+    for (auto entry = entries.crbegin(); entry != entries.crend() && !open.isEmpty(); ++entry) {
+        const bool is_run = entry->Key == key && entry->Mark.How == Deed::SentOut;
+        if (const std::optional<RedoRecord> run = is_run ? ReadKept(files, *entry) : std::nullopt)
+            TakeBills(*run, open, last);
     }
-    QList<LastSentBill> result = last.values();
-    std::sort(result.begin(), result.end(), [](const LastSentBill& a, const LastSentBill& b) {
-        return a.Bill.Page != b.Bill.Page ? a.Bill.Page < b.Bill.Page : a.Bill.Name < b.Bill.Name;
-    });
+    QList<std::optional<LastSentBill>> result;
+    for (const QString& name : wanted)
+        result += last.contains(name) ? std::optional(last.value(name)) : std::nullopt;
     return result;
 }

@@ -7,6 +7,9 @@
 #include <QDateTime>
 #include <QList>
 #include <QString>
+#include <QStringList>
+
+#include <optional>
 
 /// One bill of a run.
 struct SentBill {
@@ -29,9 +32,10 @@ struct LastSentBill {
     QDateTime Time;
 };
 
-/// Of each member that a bill of that year went out to, the last one; ordered by page. Empty when
-/// there is none, or no history can be read.
-QList<LastSentBill> LastSentBills(const DataFiles& files, const QString& year_text);
+/// For each of these members (surname, comma, first name; namesakes are told apart by their order)
+/// the last bill of that year that went out; nothing where none did, or no history can be read.
+QList<std::optional<LastSentBill>> LastSentBills(
+    const DataFiles& files, const QString& year_text, const QStringList& names);
 
 /// "Abrechnungen 2026: Seiten 1 bis 11 gedruckt"
 QString WordsOfSentOut(const QString& name, const QByteArray& content);

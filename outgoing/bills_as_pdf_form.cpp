@@ -3,6 +3,7 @@
 #include "app/program.h"
 #include "controls/fields.h"
 #include "controls/frames.h"
+#include "history/sent_pages_form.h"
 #include "outgoing/bills_folder_form.h"
 #include "statement/statement_printer.h"
 
@@ -132,6 +133,15 @@ void SetRunning(const BillsAsPdfForm& form, bool running)
     form.Cancel->setText(running ? u"Abbrechen"_s : u"Schließen"_s);
 }
 
+/// The files that were written are bills that went out.
+void KeepInHistory(const Program& program, const std::vector<BillFile>& files, qsizetype done)
+{
+    QList<PageRange> pages;
+    for (qsizetype i = 0; i < done; ++i)
+        pages += files[static_cast<std::size_t>(i)].Pages;
+    KeepSentPages(program, SentHow::Pdf, pages);
+}
+
 void CreateFiles(Program& program, const BillsAsPdfForm& form) // BillsCreate
 {
     const QString folder = QDir::cleanPath(form.Folder->text().trimmed());
@@ -147,6 +157,7 @@ void CreateFiles(Program& program, const BillsAsPdfForm& form) // BillsCreate
         return;
     SetRunning(form, true);
     const RunResult result = WriteFiles(program, form, folder, files);
+    KeepInHistory(program, files, result.Done);
     SetRunning(form, false);
     ShowResult(program, form, result, folder);
 }

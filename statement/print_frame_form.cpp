@@ -3,6 +3,7 @@
 #include "app/program.h"
 #include "controls/fields.h"
 #include "controls/frames.h"
+#include "history/sent_pages_form.h"
 #include "statement/print_dialog.h"
 #include "statement/statement_pages.h"
 #include "statement/statement_printer.h"
@@ -163,5 +164,7 @@ void PrintStatements(Program& program) // Command6
     PrintJob job = JobFor(program.Statement, *range);
     job.last_page_first = printer.pageOrder() == QPrinter::LastPageFirst;
     printer.setPageOrder(QPrinter::FirstPageFirst); // turned round here, not a second time there
-    PrintStatementPages(printer, program.Statement, job, form.Command6->window());
+    const SentHow how = printer.outputFileName().isEmpty() ? SentHow::Printed : SentHow::Pdf;
+    if (PrintStatementPages(printer, program.Statement, job, form.Command6->window()))
+        KeepSentPages(program, how, { *range });
 }

@@ -168,21 +168,21 @@ const ProgressWords making_file { u"Seite %1 von %2 …"_s, u"Abbrechen"_s };
 const ProgressWords preparing { u"Seite %1 von %2 wird vorbereitet …"_s, u"Abbrechen"_s };
 const ProgressWords sending { u"Seite %1 von %2 geht an den Drucker …"_s, {} };
 
-void PrintIntoFile(
+bool PrintIntoFile(
     QPrinter& printer, const StatementState& statement, const PrintJob& job, QWidget* window)
 {
     const QString target = printer.outputFileName();
     const QString unfinished = UnfinishedPrintFile(target);
     printer.setOutputFileName(unfinished);
     if (PaintAllSheets(printer, statement, job, printing, window))
-        FinishPrintFile(unfinished, target);
-    else
-        DropPrintFile(unfinished);
+        return FinishPrintFile(unfinished, target);
+    DropPrintFile(unfinished);
+    return false;
 }
 
 /// What a printer was given cannot be taken back, so the run is painted once for nothing: only when
 /// all sheets were good and wanted do they go to the printer.
-void PrintOnPaper(
+bool PrintOnPaper(
     QPrinter& printer, const StatementState& statement, const PrintJob& job, QWidget* window)
 {
     const QTemporaryDir folder;
@@ -190,8 +190,8 @@ void PrintOnPaper(
     rehearsal.setOutputFormat(QPrinter::PdfFormat);
     rehearsal.setOutputFileName(folder.filePath(u"bills.pdf"_s));
     SetUpPrinter(rehearsal);
-    if (PaintAllSheets(rehearsal, statement, job, preparing, window))
-        PaintAllSheets(printer, statement, job, sending, window);
+    return PaintAllSheets(rehearsal, statement, job, preparing, window)
+        && PaintAllSheets(printer, statement, job, sending, window);
 }
 
 } // namespace
@@ -232,11 +232,9 @@ QByteArray PdfOfPages(const StatementState& statement, const PageRange& range, Q
     return content;
 }
 
-void PrintStatementPages(
+bool PrintStatementPages(
     QPrinter& printer, const StatementState& statement, const PrintJob& job, QWidget* window)
 {
-    if (printer.outputFileName().isEmpty())
-        PrintOnPaper(printer, statement, job, window);
-    else
-        PrintIntoFile(printer, statement, job, window);
+    return printer.outputFileName().isEmpty() ? PrintOnPaper(printer, statement, job, window)
+                                              : PrintIntoFile(printer, statement, job, window);
 }

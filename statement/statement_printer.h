@@ -18,8 +18,8 @@ PrintJob JobFor(const StatementState& statement, const PageRange& range);
 /// Prints the pages of the job on that printer; its lengths are printer dots. A long run shows the
 /// busy pointer and a progress box that can be cancelled between pages. A run that is cancelled or
 /// fails prints nothing at all and says nothing: no sheet has gone to the printer by then, and no
-/// unfinished file stays.
-void PrintStatementPages(
+/// unfinished file stays. True when everything went out.
+bool PrintStatementPages(
     QPrinter& printer, const StatementState& statement, const PrintJob& job, QWidget* window);
 
 /// The bills of these pages as a PDF file's bytes, the pages as on paper; empty when the run was

@@ -1,11 +1,20 @@
 // The rules about prices, bank and names, the pages and the cash book.
 #include "cashbook/ledger_file.h"
+#include "history/sent_out.h"
+#include "history/shown_total.h"
 #include "tests/check/rule_case.h"
 #include "tests/support/test_file.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
+
+/// The first member's bill was printed with that total.
+void SendOut(const CheckSource& source, const QString& total)
+{
+    KeepSentBills(source.Files, source.Statement.Source.YearText, SentHow::Printed,
+        { { 1, source.Members.NameList.value(0), total } });
+}
 
 void Nothing(CheckClub&) { }
 
@@ -154,6 +163,8 @@ const RuleCase cases[] {
         u"Als bezahlt markiert, aber gebucht ist „Abrechnung Langer“."_s, u"Konto: Lang"_s },
     { "C50c", [](CheckClub& c) { c.BankLines += u"01.12.2026;Abrechnung Lang;120,00;0,00"_s; }, [](CheckClub& c) { for (int i = 1; i < 4; ++i) c.BankLines += u"0%1.12.2026;Abrechnung Lang;120,00;0,00"_s.arg(i); },
         u"3 Mitglieder heißen Lang und sind als bezahlt markiert, gebucht ist aber erst 1 Zahlung."_s, u"Konto"_s },
+    { "C51", [](CheckClub& c) { c.Spoil = [](CheckSource& s) { SendOut(s, u"1,00"_s); }; }, [](CheckClub& c) { c.Spoil = [](CheckSource& s) { SendOut(s, ShownTotal(s.Statement.DrawnTotals.value(0))); }; },
+        u"Abrechnungen sind anders als die, die hinausgegangen sind."_s, {} },
 };
 // clang-format on
 

@@ -29,12 +29,14 @@ QString LastWords(const DataFiles& files)
     return actions.first().Words;
 }
 
-/// "3 Name3,Anna 3,50" of each.
-QStringList Last(const DataFiles& files, const QString& year)
+/// "3 Name3,Anna 3,50" of each, "-" where none went out.
+QStringList Last(const DataFiles& files, const QString& year, const QStringList& names)
 {
     QStringList texts;
-    for (const LastSentBill& sent : LastSentBills(files, year))
-        texts += u"%1 %2 %3"_s.arg(sent.Bill.Page).arg(sent.Bill.Name, sent.Bill.Total);
+    for (const std::optional<LastSentBill>& sent : LastSentBills(files, year, names)) {
+        texts += sent ? u"%1 %2 %3"_s.arg(sent->Bill.Page).arg(sent->Bill.Name, sent->Bill.Total)
+                      : u"-"_s;
+    }
     return texts;
 }
 
@@ -75,11 +77,11 @@ private Q_SLOTS:
         KeepSentBills(
             folders.files, u"2026"_s, SentHow::Pdf, { { 2, u"Name2,Anna"_s, u"99,00"_s } });
         KeepSentBills(folders.files, u"2025"_s, SentHow::Printed, Bills({ 3 }));
-        QCOMPARE(Last(folders.files, u"2026"_s),
-            (QStringList {
-                u"1 Name1,Anna 1,50"_s, u"2 Name2,Anna 99,00"_s, u"3 Name3,Anna 3,50"_s }));
-        QVERIFY(LastSentBills(folders.files, u"2026"_s)[1].How == SentHow::Pdf);
-        QCOMPARE(Last(folders.files, u"2024"_s), QStringList {});
+        const QStringList names { u"Name2,Anna"_s, u"Niemand,Nie"_s, u"Name3,Anna"_s };
+        QCOMPARE(Last(folders.files, u"2026"_s, names),
+            (QStringList { u"2 Name2,Anna 99,00"_s, u"-"_s, u"3 Name3,Anna 3,50"_s }));
+        QVERIFY(LastSentBills(folders.files, u"2026"_s, names)[0]->How == SentHow::Pdf);
+        QCOMPARE(Last(folders.files, u"2024"_s, names), (QStringList { u"-"_s, u"-"_s, u"-"_s }));
     }
 
     void namesakes_have_bills_of_their_own()
@@ -88,8 +90,8 @@ private Q_SLOTS:
         const SentBill first { 1, u"Meier,Anna"_s, u"1,00"_s };
         const SentBill second { 2, u"Meier,Anna"_s, u"2,00"_s };
         KeepSentBills(folders.files, u"2026"_s, SentHow::Printed, { first, second });
-        QCOMPARE(Last(folders.files, u"2026"_s),
-            (QStringList { u"1 Meier,Anna 1,00"_s, u"2 Meier,Anna 2,00"_s }));
+        QCOMPARE(Last(folders.files, u"2026"_s, { first.Name, first.Name, first.Name }),
+            (QStringList { u"1 Meier,Anna 1,00"_s, u"2 Meier,Anna 2,00"_s, u"-"_s }));
     }
 
     void names_and_totals_may_hold_anything()
@@ -97,8 +99,8 @@ private Q_SLOTS:
         const DataFolders folders;
         KeepSentBills(folders.files, u"2026"_s, SentHow::Printed,
             { { 1, u"Mül;ler,Ö"_s, {} }, { 2, {}, u"1E+10"_s } });
-        QCOMPARE(
-            Last(folders.files, u"2026"_s), (QStringList { u"1 Mül;ler,Ö "_s, u"2  1E+10"_s }));
+        QCOMPARE(Last(folders.files, u"2026"_s, { u"Mül;ler,Ö"_s, {} }),
+            (QStringList { u"1 Mül;ler,Ö "_s, u"2  1E+10"_s }));
     }
 
     void a_run_without_bills_is_none()
@@ -106,7 +108,7 @@ private Q_SLOTS:
         const DataFolders folders;
         KeepSentBills(folders.files, u"2026"_s, SentHow::Printed, {});
         QCOMPARE(folders.StateNames(), QStringList {});
-        QCOMPARE(Last(folders.files, u"2026"_s), QStringList {});
+        QCOMPARE(Last(folders.files, u"2026"_s, { u"x"_s }), QStringList { u"-"_s });
     }
 };
 
