@@ -2,13 +2,14 @@
 
 #include "app/manual.h"
 #include "app/program.h"
+#include "cashbook/booking_form.h"
 #include "history/history_form.h"
+#include "members/member_names_form.h"
 #include "settings/bank_frames_form.h"
 #include "settings/price_frame_form.h"
+#include "statement/statement_form.h"
 
 #include <QKeySequence>
-#include <QLineEdit>
-#include <QListWidget>
 #include <QMainWindow>
 #include <QPushButton>
 #include <QShortcut>
@@ -58,27 +59,26 @@ bool BringToFront(Program& program, Tab tab)
 }
 
 /// Where work begins on a tab; never a button that acts.
-QWidget* FirstFieldOfWork(const Program& program, Tab tab)
+void FocusFirstField(const Program& program, Tab tab)
 {
     switch (tab) {
     case MembersTab:
-        return program.NameLists.List1;
+        return FocusNames(program);
     case StatementTab:
-        return program.StatementPreview.P1;
+        return FocusPage(program);
     case CashBookTab:
-        return program.CashBookTab.Text10.at(DateEntry);
+        return FocusDate(program);
     case SettingsTab:
-        return program.SettingsTab.Text4.at(ElectricityPriceField);
+        return FocusFirstPrice(program);
     case TabCount:
         break;
     }
-    return program.Window.SSTab1;
 }
 
 void GoToWork(Program& program, Tab tab)
 {
     if (BringToFront(program, tab))
-        FirstFieldOfWork(program, tab)->setFocus(Qt::ShortcutFocusReason);
+        FocusFirstField(program, tab);
 }
 
 } // namespace

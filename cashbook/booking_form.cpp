@@ -260,3 +260,8 @@ void ShowUnsavedMark(Program& program, Account shown)
     else
         Tint(mark, TintKind::None);
 }
+
+void FocusDate(const Program& program)
+{
+    program.CashBookTab.Text10.at(DateEntry)->setFocus(Qt::ShortcutFocusReason);
+}

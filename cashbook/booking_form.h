@@ -28,3 +28,5 @@ void ShowReplaceMark(const Program& program, int row);
 
 /// UnsavedMark for both accounts, and for the file of the shown one.
 void ShowUnsavedMark(Program& program, Account shown);
+
+void FocusDate(const Program& program); ///< Ctrl+3: Text10(0)

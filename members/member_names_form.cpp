@@ -199,3 +199,8 @@ void ShowMemberOverview(Program& program, const QStringList& rows)
     overview->verticalScrollBar()->setValue(scrolled);
     MarkShownMember(program);
 }
+
+void FocusNames(const Program& program)
+{
+    program.NameLists.List1->setFocus(Qt::ShortcutFocusReason);
+}

@@ -32,3 +32,5 @@ void ShowMemberOverview(Program& program, const QStringList& rows);
 /// Both lists mark the shown member and scroll to him; none is marked while a new one is typed.
 /// Runs no handler.
 void MarkShownMember(const Program& program);
+
+void FocusNames(const Program& program); ///< Ctrl+1: List1

@@ -5,6 +5,7 @@
 #include "controls/frames.h"
 #include "outgoing/payment_code.h"
 #include "statement/page_player.h"
+#include "statement/statement_form.h"
 #include "statement/statement_pages.h"
 
 #include <QCheckBox>
@@ -103,7 +104,7 @@ void PutCodeOnBills(Program& program)
     } else {
         program.Statement.AddedItems = nullptr;
     }
-    program.StatementPreview.P2->update();
+    RepaintPage(program);
 }
 
 void ChoiceChanged(Program& program, const TransferCodeForm& form)

@@ -225,3 +225,8 @@ void PickPaymentDeadline(Program& program, const QDate& date) // Calendar2
     program.Prices.PaymentDeadline = deadline->text();
     ShowPriceMarks(program);
 }
+
+void FocusFirstPrice(const Program& program)
+{
+    program.SettingsTab.Text4.at(ElectricityPriceField)->setFocus(Qt::ShortcutFocusReason);
+}

@@ -45,3 +45,5 @@ void ShowSettingsYear(Program& program);
 
 void PickBillingDate(Program& program, const QDate& date); ///< Calendar1
 void PickPaymentDeadline(Program& program, const QDate& date); ///< Calendar2
+
+void FocusFirstPrice(const Program& program); ///< Ctrl+4: Text4(0)

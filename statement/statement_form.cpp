@@ -278,3 +278,10 @@ void FitPreview(Program& program)
     FitScrollBar(program);
     ShowPage(program);
 }
+
+void FocusPage(const Program& program)
+{
+    program.StatementPreview.P1->setFocus(Qt::ShortcutFocusReason);
+}
+
+void RepaintPage(const Program& program) { program.StatementPreview.P2->update(); }

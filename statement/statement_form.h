@@ -40,3 +40,8 @@ void FitPreview(Program& program);
 
 void NextPage(Program& program); ///< Command9(0)
 void PreviousPage(Program& program); ///< Command9(1)
+
+void FocusPage(const Program& program); ///< Ctrl+2: the shown page
+
+/// The shown page is painted again, with what is added to the pages by then.
+void RepaintPage(const Program& program);
