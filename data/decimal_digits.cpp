@@ -22,7 +22,7 @@ void CountUp(DecimalDigits& number)
     while (!number.digits.empty() && number.digits.back() == '9')
         number.digits.pop_back();
     if (number.digits.empty()) {
-        number.digits = "1";
+        number.digits.push_back('1');
         ++number.point;
     } else {
         ++number.digits.back();
