@@ -105,6 +105,14 @@ void CheckList(Findings& findings, const std::vector<CheckMember>& list, qsizety
 
 // --- odd numbers ------------------------------------------------------------------------------
 
+/// Digits, and two behind the comma at most: nothing is odd about it.
+bool IsOrdinary(const QString& text)
+{
+    const qsizetype comma = text.indexOf(u',');
+    const auto plain = [](QChar sign) { return (sign >= u'0' && sign <= u'9') || sign == u','; };
+    return (comma < 0 || text.size() - comma <= 3) && std::all_of(text.begin(), text.end(), plain);
+}
+
 bool OnlyThousands(const QString& text) { return text.contains(u'.') && !text.contains(u','); }
 
 enum class Rounding { Rounded, AsTyped };
@@ -113,8 +121,6 @@ enum class Rounding { Rounded, AsTyped };
 void CheckOddNumber(Findings& findings, const QString& text, const QString& caption,
     Rounding rounding, const LinkTarget& target, const FindingRow* row)
 {
-    if (text.isEmpty() || text == u"0,00"_s)
-        return; // as most are
     const ParsedDouble number = ParseDouble(text);
     if (number.outcome != NumberOutcome::Ok)
         return;
@@ -258,7 +264,7 @@ void CheckOddNumbers(const CheckData& data, Findings& findings)
             continue;
         for (const int field : NumberFields()) {
             const QString& text = data.Members[k].Fields.at(field);
-            if (IsReading(field) || text.isEmpty() || text == u"0,00"_s)
+            if (IsReading(field) || IsOrdinary(text))
                 continue;
             const auto rounding = field == PlotSize ? Rounding::AsTyped : Rounding::Rounded;
             const FindingRow row = MemberRow(data, static_cast<qsizetype>(k), field);
