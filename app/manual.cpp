@@ -1,14 +1,12 @@
 #include "app/manual.h"
 
+#include "app/manual_window.h"
 #include "app/program.h"
 #include "app/texts.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>
-#include <QMainWindow>
 #include <QTabWidget>
-#include <QTextBrowser>
-#include <QUrl>
 
 QString ManualChapter(int tab)
 {
@@ -17,23 +15,6 @@ QString ManualChapter(int tab)
               QStringLiteral("kontofuehrung"), QStringLiteral("einstellungen") };
     return tab >= 0 && tab < 4 ? chapters[tab] : chapters[0];
 }
-
-namespace {
-
-QTextBrowser* ManualWindow(Program& program)
-{
-    const QString name = QStringLiteral("Manual");
-    if (auto* open = program.Window.Window->findChild<QTextBrowser*>(name))
-        return open;
-    auto* manual = Named(new QTextBrowser(program.Window.Window), name);
-    manual->setWindowFlag(Qt::Window);
-    manual->setWindowTitle(QStringLiteral("Handbuch – ") + WindowCaption);
-    manual->setAccessibleName(QStringLiteral("Handbuch"));
-    manual->resize(manual->fontMetrics().averageCharWidth() * 100, 700);
-    return manual;
-}
-
-} // namespace
 
 void ShowManual(Program& program)
 {
@@ -48,11 +29,5 @@ void ShowManual(Program& program)
         program.Ask(box);
         return;
     }
-    QTextBrowser* manual = ManualWindow(program);
-    manual->setSource(QUrl::fromLocalFile(path));
-    const QString chapter = ManualChapter(program.Window.SSTab1->currentIndex());
-    manual->show();
-    manual->raise();
-    manual->activateWindow();
-    manual->scrollToAnchor(chapter);
+    ShowManualPage(program, path, ManualChapter(program.Window.SSTab1->currentIndex()));
 }
