@@ -135,6 +135,7 @@ void AddAccount(const Program& program, QDialog* dialog, QGridLayout* grid)
         u"Banken vergleichen den Kontoinhaber: Bitte so schreiben, wie er auf dem Kontoauszug steht."_s);
     auto* iban = Named(MakeField(dialog, FieldKind::DisplayOnly, shown_payee_characters, u"IBAN"_s),
         u"CodeIban"_s);
+    iban->setAlignment(Qt::AlignLeft | Qt::AlignVCenter); // letters come first, as on paper
     AddRow(grid, u"IBAN"_s, iban);
     iban->setText(program.Statement.Source.Bank.Iban);
     payee->setText(
