@@ -46,7 +46,8 @@ MeterChangeForm FormOf(const QDialog* dialog)
 /// The field of the form that the dialog reads and fills: Text1(0) or Text1(3).
 QLineEdit* StartField(const Program& program, const MeterChangeForm& form)
 {
-    return program.MembersTab.Text1.at(form.Electricity->isChecked() ? 0 : 3);
+    return ControlOfField(
+        program.MembersTab, form.Electricity->isChecked() ? ElectricityStart : WaterStart);
 }
 
 void TintReading(QLineEdit* field, bool wrong, const QString& sentence)
@@ -136,8 +137,8 @@ void AddButtons(QDialog* dialog, QGridLayout* grid)
 
 QString MemberTitle(const Program& program)
 {
-    const auto& fields = program.MembersTab.Text3;
-    const QString name = fields[Surname]->text() + u", "_s + fields[FirstName]->text();
+    const MemberRecord fields = TypedRecord(program.MembersTab);
+    const QString name = fields[Surname] + u", "_s + fields[FirstName];
     return name == u", "_s ? u"Zähler gewechselt"_s : u"Zähler gewechselt – "_s + name;
 }
 
