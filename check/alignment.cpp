@@ -8,7 +8,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qsizetype largest_grid = 25'000'000; // beyond that only equal ends are aligned
+constexpr std::size_t largest_grid = 25'000'000; // beyond that only equal ends are aligned
 
 /// What is compared of a record.
 struct Key {
@@ -60,7 +60,7 @@ void PairMiddle(std::vector<Pair>& pairs, const Keys& keys, const Pair& begin, c
 {
     const std::size_t rows = end.member - begin.member;
     const std::size_t columns = end.line - begin.line;
-    if (static_cast<qsizetype>(rows * columns) > largest_grid)
+    if (rows * columns > largest_grid)
         return;
     std::vector<int> best((rows + 1) * (columns + 1), 0);
     const auto at = [&](std::size_t row, std::size_t column) -> int& {

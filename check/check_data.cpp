@@ -85,11 +85,11 @@ void ReadLastYearSettings(CheckData& data)
         keys += meter.TickKey;
     const QStringList values
         = ReadIniValues(data.Source.Files, data.LastYear, keys, PriceSettingsFile);
-    for (std::size_t field = 0; field < data.LastYearSettings.Prices.size(); ++field)
-        data.LastYearSettings.Prices.at(field) = values[static_cast<qsizetype>(field)];
-    for (std::size_t meter = 0; meter < 2; ++meter)
-        data.LastYearSettings.Ticks.at(meter)
-            = values[static_cast<qsizetype>(data.LastYearSettings.Prices.size() + meter)];
+    auto value = values.begin();
+    for (QString& price : data.LastYearSettings.Prices)
+        price = *value++;
+    for (QString& tick : data.LastYearSettings.Ticks)
+        tick = *value++;
 }
 
 bool HasEntry(const CheckData& data, qsizetype member, const MeterKind& meter)

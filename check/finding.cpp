@@ -2,6 +2,7 @@
 
 #include "data/records.h"
 
+#include <algorithm>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -10,12 +11,13 @@ void Add(Findings& findings, Finding finding) { findings.push_back(std::move(fin
 
 void AddTo(Findings& findings, const Finding& finding, const FindingRow& row)
 {
-    for (auto known = findings.rbegin(); known != findings.rend(); ++known) {
-        if (known->id == finding.id && known->part == finding.part
-            && known->sentence == finding.sentence) {
-            known->rows.push_back(row);
-            return;
-        }
+    const auto known = std::find_if(findings.rbegin(), findings.rend(), [&](const Finding& other) {
+        return other.id == finding.id && other.part == finding.part
+            && other.sentence == finding.sentence;
+    });
+    if (known != findings.rend()) {
+        known->rows.push_back(row);
+        return;
     }
     Finding fresh = finding;
     fresh.rows.push_back(row);
