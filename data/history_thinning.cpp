@@ -17,14 +17,15 @@ QList<HistoryEntry> StatesThatMayGo(const QList<HistoryEntry>& entries)
     QHash<QString, qsizetype> seen;
     QSet<DayOfFile> days;
     QList<HistoryEntry> result;
-    for (auto entry = entries.crbegin(); entry != entries.crend(); ++entry) {
-        if (entry->Mark.How == Deed::SentOut || entry->Mark.Number == 0)
+    const QList<HistoryEntry> newest_first(entries.crbegin(), entries.crend());
+    for (const HistoryEntry& entry : newest_first) {
+        if (entry.Mark.How == Deed::SentOut || entry.Mark.Number == 0)
             continue;
-        const DayOfFile day(entry->Key, entry->Mark.Time.date());
+        const DayOfFile day(entry.Key, entry.Mark.Time.date());
         const bool is_last_of_day = !days.contains(day);
         days += day;
-        if (++seen[entry->Key] > NewestThatStay && !is_last_of_day)
-            result += *entry;
+        if (++seen[entry.Key] > NewestThatStay && !is_last_of_day)
+            result += entry;
     }
     return result;
 }

@@ -154,11 +154,12 @@ void TellAction(const DataFiles& files, KeptAction& action)
 QList<KnownFile> FilesOf(const DataFiles& files, const QList<HistoryEntry>& entries)
 {
     QHash<QString, QString> targets;
-    for (auto entry = entries.crbegin(); entry != entries.crend(); ++entry) {
-        if (entry->Mark.Number == 0 || !targets.value(entry->Key).isEmpty())
+    const QList<HistoryEntry> newest_first(entries.crbegin(), entries.crend());
+    for (const HistoryEntry& entry : newest_first) {
+        if (entry.Mark.Number == 0 || !targets.value(entry.Key).isEmpty())
             continue;
-        const std::optional<RedoRecord> state = ReadKept(files, *entry);
-        targets[entry->Key] = state ? state->target : QString();
+        const std::optional<RedoRecord> state = ReadKept(files, entry);
+        targets[entry.Key] = state ? state->target : QString();
     }
     QList<KnownFile> known;
     for (auto target = targets.cbegin(); target != targets.cend(); ++target) {

@@ -200,6 +200,7 @@ void BuildMeterFields(Program& program, QGroupBox* frame)
     ConnectDifference(program, ElectricityStart);
     ConnectDifference(program, WaterStart);
     std::vector<QLineEdit*> record;
+    record.reserve(MemberFieldCount);
     for (int field = 0; field < MemberFieldCount; ++field)
         record.push_back(ControlOfField(form, field));
     ShareOneLine(record, LongestLine);

@@ -34,7 +34,7 @@ Report MakeSheet(Program& program, const ReportChoices&)
               { u"Wasser neu"_s, ColumnKind::Text, false, 16 } };
     for (const int position : PositionsByPlot(lists))
         table.rows.push_back(SheetRow(SplitRecord(lists.RecordList[position])));
-    report.items.push_back(table);
+    report.items.emplace_back(table);
     return report;
 }
 

@@ -242,8 +242,9 @@ void AddPoints(const CrashAction& action, const Recording& recording, QList<Poin
 /// What strace needs to count and to fault the calls about the club's folders alone.
 QStringList FaultOptions(const Point& point, const DataFolders& folders)
 {
-    QStringList options { u"-y"_s, u"-e"_s, u"trace="_s + point.call, u"-e"_s,
-        u"inject="_s + point.call + u':' + point.fault };
+    // where a path leads is no matter of the program, which is compared by what it says
+    QStringList options { u"--quiet=path-resolution"_s, u"-y"_s, u"-e"_s, u"trace="_s + point.call,
+        u"-e"_s, u"inject="_s + point.call + u':' + point.fault };
     for (const QString& path : point.recording->paths)
         options << u"-P"_s << folders.root.path() + path;
     if (!point.fault.contains(u"signal"_s))

@@ -11,9 +11,9 @@ cat >"$folder/fonts.conf" <<CONF
 <?xml version="1.0"?>
 <!DOCTYPE fontconfig SYSTEM "urn:fontconfig:fonts.dtd">
 <fontconfig>
-  <include>/etc/fonts/fonts.conf</include>
   <dir>$folder/fonts</dir>
   <cachedir>$folder/cache</cachedir>
+  <include>/etc/fonts/fonts.conf</include>
 </fontconfig>
 CONF
 mapfile -t fonts < <(find /usr/share/fonts -name '*.ttf' | sort | head -n 8)
