@@ -92,6 +92,13 @@ CodeSquares SquaresOf(const QByteArray& payload)
     return squares;
 }
 
+bool IsBlack(const CodeSquares& squares, int row, int column)
+{
+    const auto side = static_cast<std::size_t>(squares.Side);
+    return squares.Black.at(
+        static_cast<std::size_t>(row) * side + static_cast<std::size_t>(column));
+}
+
 PageItems CodeItems(const CodeSquares& squares)
 {
     PageItems items;
@@ -101,9 +108,7 @@ PageItems CodeItems(const CodeSquares& squares)
     for (int row = 0; row < side; ++row) {
         int first = -1;
         for (int column = 0; column <= side; ++column) {
-            const bool black = column < side
-                && squares.Black[static_cast<std::size_t>(row) * static_cast<std::size_t>(side)
-                    + static_cast<std::size_t>(column)];
+            const bool black = column < side && IsBlack(squares, row, column);
             if (black && first < 0)
                 first = column;
             if (!black && first >= 0) {

@@ -33,6 +33,9 @@ struct CodeSquares {
     std::vector<bool> Black; ///< Side × Side of them
 };
 
+/// Row and column begin at 0, in the upper left corner.
+bool IsBlack(const CodeSquares& squares, int row, int column);
+
 /// Level M, 8-bit mode, the smallest version that holds the bytes, at most 13. Throws RuntimeError
 /// Overflow for more than 331 bytes.
 CodeSquares SquaresOf(const QByteArray& payload);

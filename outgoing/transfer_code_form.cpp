@@ -55,8 +55,7 @@ QPixmap PictureOf(const CodeSquares& squares)
     QPainter painter(&picture);
     for (int row = 0; row < squares.Side; ++row) {
         for (int column = 0; column < squares.Side; ++column) {
-            const auto place = static_cast<std::size_t>(row * squares.Side + column);
-            if (squares.Black[place])
+            if (IsBlack(squares, row, column))
                 painter.fillRect(
                     (column + quiet) * square, (row + quiet) * square, square, square, Qt::black);
         }

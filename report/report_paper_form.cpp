@@ -45,7 +45,7 @@ void PaintEdges(QPainter& painter, const QRectF& sheet, const Report& report, co
     const QString& number)
 {
     const bool above = report.edge == PaperEdge::Above;
-    const Qt::Alignment edge = above ? Qt::AlignTop : Qt::AlignBottom;
+    const int edge = above ? Qt::AlignTop : Qt::AlignBottom;
     painter.setFont(FontOf(foot_points));
     painter.drawText(sheet, Qt::AlignLeft | edge, foot.club);
     painter.drawText(sheet, Qt::AlignRight | edge, above ? u"Stand "_s + foot.date : foot.date);

@@ -82,7 +82,7 @@ void PressThrough(QWidget* names)
             return false;
         names->hide();
         if (auto* button = qobject_cast<QAbstractButton*>(QApplication::widgetAt(where)))
-            QMetaObject::invokeMethod(button, &QAbstractButton::click, Qt::QueuedConnection);
+            QMetaObject::invokeMethod(button, "click", Qt::QueuedConnection);
         return true;
     });
 }
