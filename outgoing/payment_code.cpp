@@ -3,7 +3,6 @@
 #include "data/records.h"
 #include "money/money_reading.h"
 #include "money/purpose_text.h"
-#include "statement/bill_amounts.h"
 #include "statement/page_player.h"
 #include "statement/statement_pages.h"
 
@@ -28,33 +27,37 @@ bool ReachesInto(const PageItems& member, const PageBox& space)
     return false;
 }
 
-} // namespace
-
-BankTransfer TransferOfPage(const StatementState& statement, const QString& payee, qsizetype index)
+/// The transfer that pays the bill, as it was drawn.
+BankTransfer TransferOf(const StatementState& statement, const QString& payee, const PageBill& bill)
 {
     const BillSource& source = statement.Source;
-    const bool drawn = index < statement.StatementTotals.size();
-    return { payee, source.Bank.Iban,
-        drawn ? BillOf(StatementOfPage(statement, index)) : std::nullopt,
-        PurposeText(source.YearText, SplitRecord(source.Members.RecordList.value(index))) };
+    const bool drawn = bill.Index < statement.StatementTotals.size();
+    return { payee, source.Bank.Iban, drawn ? BillOf(bill.Statement) : std::nullopt,
+        PurposeText(source.YearText, SplitRecord(source.Members.RecordList.value(bill.Index))) };
 }
 
-QString NoCodeOnPage(const StatementState& statement, const QString& payee, qsizetype index)
+} // namespace
+
+PageCode CodeOfBill(const StatementState& statement, const QString& payee, const PageBill& bill)
 {
-    const BankTransfer transfer = TransferOfPage(statement, payee, index);
-    const QString reason = NoCodeReason(transfer);
-    if (!reason.isEmpty())
-        return reason;
-    PageItems member;
-    DrawStatement(member, StatementOfPage(statement, index));
-    if (ReachesInto(member, CodeSpace(SquaresOf(TransferPayload(transfer)).Side)))
-        return u"Die Anschrift reicht in den Platz des Codes."_s;
-    return {};
+    PageCode code { TransferOf(statement, payee, bill), {}, {} };
+    code.Reason = NoCodeReason(code.Transfer);
+    if (!code.Reason.isEmpty())
+        return code;
+    const CodeSquares squares = SquaresOf(TransferPayload(code.Transfer));
+    if (ReachesInto(bill.Items, CodeSpace(squares.Side)))
+        code.Reason = u"Die Anschrift reicht in den Platz des Codes."_s;
+    else
+        code.Squares = squares;
+    return code;
 }
 
-PageItems CodeOfPage(const StatementState& statement, const QString& payee, qsizetype index)
+PageCode CodeOfPage(const StatementState& statement, const QString& payee, qsizetype index)
 {
-    if (!NoCodeOnPage(statement, payee, index).isEmpty())
-        return {};
-    return CodeItems(SquaresOf(TransferPayload(TransferOfPage(statement, payee, index))));
+    return CodeOfBill(statement, payee, BillOfPage(statement, index));
+}
+
+PageItems ItemsOfCode(const PageCode& code)
+{
+    return code.Reason.isEmpty() ? CodeItems(code.Squares) : PageItems();
 }

@@ -4,12 +4,19 @@
 #include "outgoing/transfer_code.h"
 #include "statement/statement_state.h"
 
-/// The transfer that pays the bill on page index, as it was drawn.
-BankTransfer TransferOfPage(const StatementState& statement, const QString& payee, qsizetype index);
+/// The code of a page, or why it has none.
+struct PageCode {
+    BankTransfer Transfer; ///< pays the bill as it was drawn
+    QString Reason; ///< NoCodeReason, or an address that reaches into the code's place; empty when
+                    ///< the page gets its code
+    CodeSquares Squares; ///< none while there is a reason
+};
 
-/// Why page index gets no code: NoCodeReason, or an address that reaches into its place. Empty when
-/// it gets one.
-QString NoCodeOnPage(const StatementState& statement, const QString& payee, qsizetype index);
+/// The code of a bill that was computed already.
+PageCode CodeOfBill(const StatementState& statement, const QString& payee, const PageBill& bill);
 
-/// What goes onto page index beside the bill; nothing when there is no code.
-PageItems CodeOfPage(const StatementState& statement, const QString& payee, qsizetype index);
+/// The code of page index (0 is the first).
+PageCode CodeOfPage(const StatementState& statement, const QString& payee, qsizetype index);
+
+/// What goes onto the page beside the bill; nothing when there is no code.
+PageItems ItemsOfCode(const PageCode& code);

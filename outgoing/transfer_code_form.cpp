@@ -65,24 +65,22 @@ QPixmap PictureOf(const CodeSquares& squares)
 
 void ShowCode(const Program& program, const TransferCodeForm& form)
 {
-    const QString payee = form.Payee->text();
     const qsizetype index = ShownIndex(program);
-    const bool has_page = index >= 0 && index < PageCount(program.Statement);
-    const QString reason
-        = has_page ? NoCodeOnPage(program.Statement, payee, index) : u"Es ist keine Seite da."_s;
-    if (reason.isEmpty())
-        form.Code->setPixmap(
-            PictureOf(SquaresOf(TransferPayload(TransferOfPage(program.Statement, payee, index)))));
+    PageCode code = CodeOfPage(program.Statement, form.Payee->text(), index);
+    if (index < 0 || index >= PageCount(program.Statement))
+        code.Reason = u"Es ist keine Seite da."_s;
+    if (code.Reason.isEmpty())
+        form.Code->setPixmap(PictureOf(code.Squares));
     else
-        form.Code->setText(reason);
-    form.Code->setAccessibleDescription(reason);
+        form.Code->setText(code.Reason);
+    form.Code->setAccessibleDescription(code.Reason);
 }
 
 void ShowMembersWithout(const Program& program, const TransferCodeForm& form)
 {
     form.Without->clear();
     for (qsizetype index = 0; index < PageCount(program.Statement); ++index) {
-        const QString reason = NoCodeOnPage(program.Statement, form.Payee->text(), index);
+        const QString reason = CodeOfPage(program.Statement, form.Payee->text(), index).Reason;
         if (!reason.isEmpty())
             form.Without->addItem(program.Members.NameList.value(index) + u": "_s + reason);
     }
@@ -97,8 +95,8 @@ void ShowMembersWithout(const Program& program, const TransferCodeForm& form)
 void PutCodeOnBills(Program& program)
 {
     if (program.TransferCode.OnEveryBill) {
-        program.Statement.AddedItems = [&program](qsizetype index) {
-            return CodeOfPage(program.Statement, program.TransferCode.Payee, index);
+        program.Statement.AddedItems = [&program](const PageBill& bill) {
+            return ItemsOfCode(CodeOfBill(program.Statement, program.TransferCode.Payee, bill));
         };
     } else {
         program.Statement.AddedItems = nullptr;

@@ -135,7 +135,18 @@ qsizetype PageCount(const StatementState& statement)
 
 AnnualStatement StatementOfPage(const StatementState& statement, qsizetype index)
 {
-    return ComputeStatement(statement.Source, index);
+    if (index >= 0 && index < PageCount(statement))
+        return ComputeStatement(statement.Source, index);
+    AnnualStatement none;
+    none.stopped = RuntimeError { ErrorKind::SubscriptOutOfRange, {}, {} };
+    return none;
+}
+
+PageBill BillOfPage(const StatementState& statement, qsizetype index)
+{
+    PageBill bill { index, StatementOfPage(statement, index), {} };
+    DrawStatement(bill.Items, bill.Statement);
+    return bill;
 }
 
 PageContents ContentsOfPage(const StatementState& statement, qsizetype index)
@@ -143,12 +154,14 @@ PageContents ContentsOfPage(const StatementState& statement, qsizetype index)
     PageContents contents;
     if (index >= 0 && index < statement.FixedPages)
         contents.fixed = &statement.FixedContents;
-    if (index >= 0 && index < statement.MemberPages)
-        DrawStatement(contents.member, StatementOfPage(statement, index));
-    if (statement.AddedItems && index >= 0 && index < statement.MemberPages) {
-        const PageItems added = statement.AddedItems(index);
-        contents.member.insert(contents.member.end(), added.begin(), added.end());
+    if (index < 0 || index >= statement.MemberPages)
+        return contents;
+    PageBill bill = BillOfPage(statement, index);
+    if (statement.AddedItems) {
+        const PageItems added = statement.AddedItems(bill);
+        bill.Items.insert(bill.Items.end(), added.begin(), added.end());
     }
+    contents.member = std::move(bill.Items);
     return contents;
 }
 

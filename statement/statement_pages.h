@@ -19,8 +19,12 @@ qsizetype PageCount(const StatementState& statement);
 
 /// The bill on page index (0 to PageCount - 1, the member's position): what it was drawn from,
 /// whether or not the drawing came so far. Computed at each call; the bills of the loaded year are
-/// those of all pages.
+/// those of all pages. A page that is not there has a bill that stopped before its first row
+/// (SubscriptOutOfRange).
 AnnualStatement StatementOfPage(const StatementState& statement, qsizetype index);
+
+/// The same bill with what it draws.
+PageBill BillOfPage(const StatementState& statement, qsizetype index);
 
 /// What stands on page index (0 is the first page): the fixed contents, null when the page lacks
 /// them, and the member's part.

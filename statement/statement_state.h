@@ -2,6 +2,7 @@
 #pragma once
 
 #include "data/runtime_error.h"
+#include "statement/annual_statement.h"
 #include "statement/bill_source.h"
 #include "statement/page.h"
 
@@ -11,6 +12,13 @@
 #include <functional>
 #include <optional>
 #include <vector>
+
+/// A page's bill and what it draws, computed once for all who look at the page.
+struct PageBill {
+    qsizetype Index = 0; ///< of the page, 0 is the first
+    AnnualStatement Statement;
+    PageItems Items; ///< the member's part
+};
 
 struct StatementState {
     BillSource Source; ///< what the drawn pages are made of, as it stood when they were drawn
@@ -29,8 +37,8 @@ struct StatementState {
     qint32 ScrollOffset = 0; ///< viewport pixels, 0 or negative
     std::vector<qint32> PageTops { 0 }; ///< top of each page surface in the viewport; the first
                                         ///< surface is always there
-    /// What is asked for beside the bill, as the last items of the member's part of page index;
-    /// not set: nothing.
-    std::function<PageItems(qsizetype index)> AddedItems;
+    /// What is asked for beside the bill, as the last items of the member's part of its page; not
+    /// set: nothing.
+    std::function<PageItems(const PageBill& bill)> AddedItems;
     bool PrintAllPages = false; ///< kept, read nowhere
 };

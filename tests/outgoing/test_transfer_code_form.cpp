@@ -86,8 +86,9 @@ private Q_SLOTS:
         QCOMPARE(club.Control<QLineEdit>("CodeIban")->text(), iban);
         QVERIFY(!club.Control<QLabel>("CodePicture")->pixmap().isNull());
         club.Control<QLineEdit>("CodePayee")->setText(u"Gartenfreunde"_s);
-        QCOMPARE(TransferOfPage(club.program.Statement, club.program.TransferCode.Payee, 0).Payee,
-            u"Gartenfreunde"_s);
+        const PageCode code
+            = CodeOfPage(club.program.Statement, club.program.TransferCode.Payee, 0);
+        QCOMPARE(code.Transfer.Payee, u"Gartenfreunde"_s);
     }
 
     void members_without_a_code_are_listed_with_the_reason()
@@ -112,9 +113,9 @@ private Q_SLOTS:
         fields[Street] = QString(90, u'W');
         club.program.Members.RecordList[0] = JoinRecord(fields);
         DrawStatementPages(club.program);
-        QCOMPARE(NoCodeOnPage(club.program.Statement, u"Verein"_s, 0),
-            u"Die Anschrift reicht in den Platz des Codes."_s);
-        QVERIFY(CodeOfPage(club.program.Statement, u"Verein"_s, 0).empty());
+        const PageCode code = CodeOfPage(club.program.Statement, u"Verein"_s, 0);
+        QCOMPARE(code.Reason, u"Die Anschrift reicht in den Platz des Codes."_s);
+        QVERIFY(ItemsOfCode(code).empty());
     }
 
     void nothing_of_the_page_touches_the_code_data()
@@ -174,7 +175,8 @@ private Q_SLOTS:
         int codes = 0;
         for (qsizetype page = 0; page < pages; ++page) {
             const QString payee = club.program.TransferCode.Payee;
-            if (!NoCodeOnPage(club.program.Statement, payee, page).isEmpty())
+            const PageCode code = CodeOfPage(club.program.Statement, payee, page);
+            if (!code.Reason.isEmpty())
                 continue;
             ++codes;
             QProcess reader;
@@ -182,8 +184,7 @@ private Q_SLOTS:
                 { u"--quiet"_s, u"--raw"_s, u"-Sdisable"_s, u"-Sqrcode.enable"_s,
                     u"-Sqrcode.binary"_s, club.Folder.filePath(made[page]) });
             QVERIFY(reader.waitForFinished());
-            QCOMPARE(reader.readAllStandardOutput().trimmed(),
-                TransferPayload(TransferOfPage(club.program.Statement, payee, page)));
+            QCOMPARE(reader.readAllStandardOutput().trimmed(), TransferPayload(code.Transfer));
         }
         QVERIFY(codes > 5);
     }

@@ -38,6 +38,7 @@ private Q_SLOTS:
     void an_unfinished_statement_holds_what_came_before_it_stopped_data();
     void an_unfinished_statement_holds_what_came_before_it_stopped();
     void members_behind_the_stop_can_be_computed_all_the_same();
+    void a_page_that_is_not_there_has_a_bill_that_stopped();
     void the_bills_of_the_drawn_pages_are_those_of_the_totals_list();
     void pages_stay_as_they_were_drawn_when_the_lists_change();
     void a_drawing_after_another_is_as_if_it_were_the_first_data();
@@ -126,6 +127,19 @@ void TestAnnualStatement::members_behind_the_stop_can_be_computed_all_the_same()
     QVERIFY(ContentsOfPage(statement, 1).member.empty()); // the drawing did not come so far
     QCOMPARE(StatementOfPage(statement, 1).total.value(), ComputeStatement(source, 1).total);
     QVERIFY(statement.StatementTotals.isEmpty());
+}
+
+void TestAnnualStatement::a_page_that_is_not_there_has_a_bill_that_stopped()
+{
+    BillSource source = OneMember(whole);
+    StatementState statement;
+    DrawAllPages(statement, source);
+    for (const qsizetype index : { -1, 1, 32'767 }) {
+        const PageBill bill = BillOfPage(statement, index);
+        QCOMPARE(bill.Statement.stopped.value().kind, ErrorKind::SubscriptOutOfRange);
+        QVERIFY(!bill.Statement.total);
+        QVERIFY(bill.Items.empty());
+    }
 }
 
 void TestAnnualStatement::the_bills_of_the_drawn_pages_are_those_of_the_totals_list()
