@@ -109,6 +109,16 @@ void FindNext(const ManualControls& controls, QTextDocument::FindFlags direction
         is_found ? QString() : u"Das steht nicht im Handbuch."_s);
 }
 
+/// What is looked for is nearly always further on in what is read now: so the search begins at the
+/// top of the view, wherever the caret stood, and the view stays.
+void SearchFromTop(const ManualControls& controls)
+{
+    QScrollBar* bar = controls.Text->verticalScrollBar();
+    const int place = bar->value();
+    controls.Text->setTextCursor(controls.Text->cursorForPosition(QPoint(0, gap)));
+    bar->setValue(place);
+}
+
 void SearchTyped(const ManualControls& controls) // ManualSearch
 {
     QTextCursor cursor = controls.Text->textCursor();
@@ -148,6 +158,9 @@ QTextBrowser* BuildText(QWidget* window)
 {
     auto* text = Named(new QTextBrowser(window), u"Manual"_s);
     text->setAccessibleName(u"Handbuch"_s);
+    // A bar that comes while the text is laid out narrows it, the pictures shrink in the midst of
+    // it, and what stands between two of them is not laid out any more.
+    text->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     QPalette palette = text->palette(); // what was found is seen while the search has the focus
     palette.setBrush(QPalette::Inactive, QPalette::Highlight,
         palette.brush(QPalette::Active, QPalette::Highlight));
@@ -169,8 +182,14 @@ void ConnectManual(Program& program, QWidget* window)
     key(QKeySequence(u"Shift+F3"_s),
         [](const ManualControls& c) { FindNext(c, QTextDocument::FindBackward); });
     key(QKeySequence(u"Ctrl+F"_s), [](const ManualControls& c) {
+        SearchFromTop(c);
         c.Search->setFocus();
         c.Search->selectAll();
+    });
+    OnEvent(program, controls.Search, QEvent::FocusIn, [controls](Program&, QEvent& event) {
+        if (static_cast<QFocusEvent&>(event).reason() == Qt::MouseFocusReason)
+            SearchFromTop(controls);
+        return false;
     });
     On(program, controls.Search, &QLineEdit::textChanged,
         [controls](Program&) { SearchTyped(controls); });

@@ -4,6 +4,7 @@
 #include "tests/support/club.h"
 #include "tests/support/test_file.h"
 
+#include <QAbstractTextDocumentLayout>
 #include <QFile>
 #include <QImage>
 #include <QLineEdit>
@@ -18,11 +19,31 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// A club with a small manual of two chapters, a section and a picture.
+/// Two chapters, a section and a picture.
+QByteArray SmallPage()
+{
+    const QByteArray lines = QByteArray("<p>Zeile</p>").repeated(80);
+    return "<h2 id=\"eins\">Kapitel Eins</h2>" + lines
+        + "<p>Laubenpieper</p><p><img src=\"bild.png\" width=\"640\" /></p>"
+        + "<h3 id=\"drin\">Abschnitt darin</h3>" + lines + "<h2 id=\"zwei\">Kapitel Zwei</h2>"
+        + lines + "<p>Laubenpieperin</p>";
+}
+
+/// As long as the program's own manual: so long a page is laid out in several steps.
+QByteArray LongPage()
+{
+    const QByteArray picture = "<p><img src=\"bild.png\" width=\"640\" /></p>";
+    const QByteArray chapter = "<h2>Kapitel</h2>" + picture
+        + QByteArray("<p>Zeile dazwischen</p>").repeated(5) + picture
+        + QByteArray("<p>Zeile</p>").repeated(80);
+    return "<h2 id=\"zwei\">Kapitel Zwei</h2>" + chapter.repeated(20);
+}
+
+/// A club with a manual of its own.
 struct ManualClub : TestClub {
     QTemporaryDir Page;
 
-    ManualClub()
+    explicit ManualClub(const QByteArray& page = SmallPage())
     {
         CopyExample(u"ordinary-year"_s);
         Start({ 2017, 11, 20 });
@@ -31,14 +52,10 @@ struct ManualClub : TestClub {
         picture.fill(Qt::darkGreen);
         if (!picture.save(Page.filePath(u"bild@2x.png"_s)))
             qFatal("no picture");
-        const QByteArray lines = QByteArray("<p>Zeile</p>").repeated(80);
         QFile file(PagePath());
         if (!file.open(QIODevice::WriteOnly))
             qFatal("no page");
-        file.write("<html><body><h1>Handbuch</h1><h2 id=\"eins\">Kapitel Eins</h2>" + lines
-            + "<p>Laubenpieper</p><p><img src=\"bild.png\" width=\"640\" /></p>"
-            + "<h3 id=\"drin\">Abschnitt darin</h3>" + lines + "<h2 id=\"zwei\">Kapitel Zwei</h2>"
-            + lines + "<p>Laubenpieperin</p></body></html>");
+        file.write("<html><body><h1>Handbuch</h1>" + page + "</body></html>");
         file.close();
         ShowManualPage(program, PagePath(), u"zwei"_s);
     }
@@ -125,6 +142,35 @@ private Q_SLOTS:
         QCOMPARE(club.Text()->textCursor().position(), first);
         QTest::keyClick(club.Search(), Qt::Key_F3, Qt::ShiftModifier);
         QCOMPARE(club.Text()->textCursor().position(), second);
+    }
+
+    void the_search_begins_at_what_is_read_now()
+    {
+        const ManualClub club;
+        QVERIFY(QTest::qWaitForWindowActive(club.ManualWindow()));
+        club.Text()->moveCursor(QTextCursor::Start); // the caret is left behind
+        club.Text()->scrollToAnchor(u"drin"_s);
+        const int place = club.Text()->verticalScrollBar()->value();
+        QTest::keyClick(club.Text(), Qt::Key_F, Qt::ControlModifier);
+        QCOMPARE(club.Text()->verticalScrollBar()->value(), place);
+        QTest::keyClicks(club.Search(), u"Zeile"_s);
+        const int found = club.Text()->textCursor().blockNumber();
+        QCOMPARE(
+            club.Text()->document()->findBlockByNumber(found - 1).text(), u"Abschnitt darin"_s);
+    }
+
+    void what_stands_between_two_pictures_keeps_its_room()
+    {
+        const ManualClub club(LongPage());
+        QCoreApplication::processEvents();
+        double above = -1;
+        const QTextDocument* document = club.Text()->document();
+        for (QTextBlock block = document->begin(); block.isValid(); block = block.next()) {
+            const QRectF place = document->documentLayout()->blockBoundingRect(block);
+            QVERIFY2(place.height() > 0 && place.top() > above, qPrintable(block.text()));
+            above = place.top();
+        }
+        QVERIFY(club.PictureWidth() < 640.0); // the text is narrow enough to shrink them
     }
 
     void a_word_that_is_not_there_is_said_to_be_missing()
