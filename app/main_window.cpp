@@ -6,6 +6,7 @@
 #include "app/texts.h"
 #include "cashbook/cashbook_tab_form.h"
 #include "controls/fields.h"
+#include "controls/frames.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -16,7 +17,6 @@
 #include <QLineEdit>
 #include <QMainWindow>
 #include <QPushButton>
-#include <QScreen>
 #include <QScrollArea>
 #include <QTabWidget>
 #include <QVBoxLayout>
@@ -155,9 +155,6 @@ void ConnectHandlers(Program& program)
     OnEvent(program, window.Window, QEvent::Close, WindowClosing);
 }
 
-/// What the desktop puts around a window: two edges, a title bar and an edge below.
-constexpr QSize window_frame(16, 48);
-
 /// Large enough for each tab to be seen whole, where the screen is; with its frame it lies on the
 /// screen whole.
 QSize FirstSize(const Program& program)
@@ -171,8 +168,7 @@ QSize FirstSize(const Program& program)
         wanted = wanted.expandedTo(
             scroll->widget()->minimumSizeHint() + QSize(2 * FrameSpacing, above));
     }
-    return wanted.boundedTo(
-        program.Window.Window->screen()->availableGeometry().size() - window_frame);
+    return SizeOnScreen(program.Window.Window, wanted);
 }
 
 } // namespace

@@ -9,7 +9,6 @@
 #include <QAbstractTextDocumentLayout>
 #include <QLineEdit>
 #include <QMainWindow>
-#include <QScreen>
 #include <QScrollBar>
 #include <QShortcut>
 #include <QSplitter>
@@ -216,9 +215,8 @@ QWidget* BuildManual(Program& program)
     halves->setStretchFactor(1, 1);
     halves->setChildrenCollapsible(false);
     const int character = window->fontMetrics().averageCharWidth();
-    const QSize screen = window->screen()->availableSize();
-    window->resize(
-        QSize((contents_characters + text_characters) * character, first_height).boundedTo(screen));
+    window->resize(SizeOnScreen(
+        window, QSize((contents_characters + text_characters) * character, first_height)));
     halves->setSizes({ contents_characters * character, text_characters * character });
     (new QVBoxLayout(window))->addWidget(halves);
     ConnectManual(program, window);

@@ -18,6 +18,9 @@ QString YearNoteText(YearNoteKind kind, const BillingYear& chosen, const Billing
             chosen, loaded);
     case YearNoteKind::Ok:
         return u"Gewählt ist %1, gezeigt ist %2: OK schreibt in das Jahr %1."_s.arg(chosen, loaded);
+    case YearNoteKind::Table:
+        return u"Gewählt ist %1, gezeigt ist %2: Gespeichert wird in das Jahr %1."_s.arg(
+            chosen, loaded);
     case YearNoteKind::Balance:
         return u"Gewählt ist %1, gezeigt sind die Buchungen von %2."_s.arg(chosen, loaded);
     }

@@ -16,6 +16,7 @@ struct Program;
 enum class YearNoteKind {
     Save, ///< a button "Speichern" that writes a file of the chosen year
     Ok, ///< the button "OK" of the readings, which does
+    Table, ///< the table of the readings, which stores each value by itself
     Balance ///< the balance of the shown account
 };
 

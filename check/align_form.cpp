@@ -6,6 +6,7 @@
 #include "check/check_form.h"
 #include "check/finding.h"
 #include "controls/fields.h"
+#include "controls/frames.h"
 #include "data/dates.h"
 #include "data/file_names.h"
 #include "data/line_file.h"
@@ -203,7 +204,7 @@ void BuildWindow(Program& program)
     column->addWidget(text);
     column->addWidget(BuildTable(window), 1);
     column->addLayout(buttons);
-    window->resize(first_width, first_height);
+    window->resize(SizeOnScreen(window, QSize(first_width, first_height)));
     On(program, apply, &QPushButton::clicked, Apply);
     const auto hide = [window](Program&) { window->hide(); };
     On(program, close, &QPushButton::clicked, hide);

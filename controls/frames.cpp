@@ -4,6 +4,7 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QPushButton>
+#include <QScreen>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
@@ -107,4 +108,11 @@ QPushButton* MakeSaveButton(
     button->setAccessibleName(accessible_name);
     MakePrimary(button);
     return button;
+}
+
+QSize SizeOnScreen(const QWidget* window, const QSize& wanted)
+{
+    // What the desktop puts around a window: two edges, a title bar and an edge below.
+    constexpr QSize frame(16, 48);
+    return wanted.boundedTo(window->screen()->availableGeometry().size() - frame);
 }

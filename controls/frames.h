@@ -10,6 +10,7 @@ class QGroupBox;
 class QLabel;
 class QPushButton;
 class QVBoxLayout;
+class QSize;
 class QWidget;
 
 inline constexpr int AmountCharacters = 10;
@@ -54,3 +55,6 @@ void ShowWarningLine(QLabel* line, const QString& text, const QString& tool_tip 
 /// The accessible name tells several buttons "Speichern" of a tab apart.
 QPushButton* MakeSaveButton(
     QWidget* parent, const QString& name, const QString& accessible_name, const QString& tool_tip);
+
+/// That size, or less where the window's screen is smaller: with its frame it lies on it whole.
+QSize SizeOnScreen(const QWidget* window, const QSize& wanted);

@@ -3,6 +3,7 @@
 #include "app/program.h"
 #include "app/texts.h"
 #include "controls/fields.h"
+#include "controls/frames.h"
 #include "members/readings_cells_form.h"
 #include "members/readings_sheet_form.h"
 #include "members/readings_table.h"
@@ -98,17 +99,17 @@ void BuildWindow(Program& program)
     column->setSpacing(FrameSpacing);
     QLabel* hint = MakeCaption(form.ReadingsWindow,
         u"Endstand eintippen, Enter führt zum nächsten Mitglied. Gespeichert wird jeder Wert, "
-        u"sobald "
-        "seine Zelle verlassen ist. Strg+Tab: nur Strom, nur Wasser, beide."_s);
+        "sobald seine Zelle verlassen ist. Strg+Tab: nur Strom, nur Wasser, beide."_s);
     hint->setWordWrap(true);
     column->addWidget(hint);
-    column->addWidget(
-        MakeYearNote(program, form.ReadingsWindow, YearNoteKind::Ok, u"YearNoteReadingsTable"_s));
+    column->addWidget(MakeYearNote(
+        program, form.ReadingsWindow, YearNoteKind::Table, u"YearNoteReadingsTable"_s));
     form.ReadingsTable = BuildReadingsTable(program, form.ReadingsWindow);
     column->addWidget(form.ReadingsTable, 1);
     column->addLayout(BuildBelow(program, form.ReadingsWindow));
     BuildKeys(program);
-    form.ReadingsWindow->resize(first_width, first_height);
+    form.ReadingsWindow->resize(
+        SizeOnScreen(form.ReadingsWindow, QSize(first_width, first_height)));
     for (const QEvent::Type end : { QEvent::WindowDeactivate, QEvent::Hide })
         OnEvent(program, form.ReadingsWindow, end, [](Program& p, QEvent&) {
             EndRun(p);

@@ -3,6 +3,7 @@
 #include "app/follow_link.h"
 #include "app/program.h"
 #include "controls/fields.h"
+#include "controls/frames.h"
 #include "data/dates.h"
 #include "report/report_browser_form.h"
 #include "report/report_html.h"
@@ -16,7 +17,6 @@
 #include <QMainWindow>
 #include <QPrinter>
 #include <QPushButton>
-#include <QScreen>
 #include <QScrollBar>
 #include <QShortcut>
 #include <QStandardPaths>
@@ -207,9 +207,8 @@ void BuildWindow(Program& program, const ReportKind& kind)
     column->addWidget(opened.Search);
     column->addLayout(BuildButtons(program, window, kind.Name));
     BuildKeys(program, window, kind.Name);
-    window->resize(qMin(window->fontMetrics().averageCharWidth() * kind.Characters,
-                       window->screen()->availableGeometry().width()),
-        first_height);
+    const int width = window->fontMetrics().averageCharWidth() * kind.Characters;
+    window->resize(SizeOnScreen(window, QSize(width, first_height)));
     OnEvent(program, window, QEvent::WindowActivate, [name = kind.Name](Program& p, QEvent&) {
         Refresh(p, p.Reports.Opened[name]);
         return false;

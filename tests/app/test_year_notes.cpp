@@ -36,13 +36,18 @@ private Q_SLOTS:
 
     void a_year_stepped_back_is_named_at_every_button_that_writes()
     {
-        const MemberClub club(members);
+        MemberClub club(members);
         club.Click("Command3(1)");
         const QString shown = u"Gewählt ist 2016, gezeigt ist 2017: "_s;
         QCOMPARE(Said(club, "YearNoteMember"), shown + u"Speichern schreibt in das Jahr 2016."_s);
         QCOMPARE(Said(club, "YearNoteReadings"), shown + u"OK schreibt in das Jahr 2016."_s);
         QCOMPARE(Said(club, "YearNoteLedger"), shown + u"Speichern schreibt in das Jahr 2016."_s);
         QCOMPARE(Said(club, "YearNotePrices"), shown + u"Speichern schreibt in das Jahr 2016."_s);
+        ShowReadings(club.program);
+        const auto* table
+            = club.program.Readings.ReadingsWindow->findChild<QLabel*>(u"YearNoteReadingsTable"_s);
+        QVERIFY(table->isVisible());
+        QCOMPARE(table->text(), shown + u"Gespeichert wird in das Jahr 2016."_s);
         QCOMPARE(Said(club, "YearNoteBalance"),
             u"Gewählt ist 2016, gezeigt sind die Buchungen von 2017."_s);
     }

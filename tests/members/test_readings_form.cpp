@@ -6,6 +6,7 @@
 #include "tests/support/test_file.h"
 
 #include <QLabel>
+#include <QScreen>
 #include <QTableWidget>
 
 using namespace Qt::StringLiterals;
@@ -117,6 +118,17 @@ private Q_SLOTS:
         QCOMPARE(club.File(), forms.File());
         QCOMPARE(club.program.Statement.StatementTotals, forms.program.Statement.StatementTotals);
         QCOMPARE(club.Errors(), QStringList());
+    }
+
+    void it_lies_on_the_screen_with_its_frame()
+    {
+        ReadingsClub club(Readers(60));
+        club.Open();
+        const QWidget* window = club.program.Readings.ReadingsWindow;
+        const QSize screen = window->screen()->availableGeometry().size();
+        QVERIFY2(screen.width() < 900, "the screen is too large to show anything");
+        QVERIFY(window->width() + 8 <= screen.width());
+        QVERIFY(window->height() + 40 <= screen.height()); // the title bar
     }
 
     void each_value_is_in_the_file_when_its_cell_is_left()
