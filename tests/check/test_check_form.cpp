@@ -12,6 +12,7 @@
 
 #include <QLineEdit>
 #include <QMainWindow>
+#include <QProcess>
 #include <QPushButton>
 #include <QTabWidget>
 #include <QTextBrowser>
@@ -38,6 +39,15 @@ QString ReportOf(const TestClub& club)
 {
     const CheckSource source = CheckSourceOf(club.program);
     return TextOfReport(LayOutCheck(RunCheck(source), source.LoadedYear, source.Today, {}));
+}
+
+/// Fills the data directory with the club that ./run beispiel shows, as it looks on that day.
+void MakeBeispiel(const TestClub& club, const QDate& day)
+{
+    if (QProcess::execute(QStringLiteral(PARZELLO_ROOT "/scripts/make-example"),
+            { club.Path({}), day.toString(Qt::ISODate) })
+        != 0)
+        qFatal("no example club");
 }
 
 QString FixtureText(const QString& name)
@@ -77,6 +87,31 @@ class TestCheckForm : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
+    void the_club_to_try_shows_one_of_each_whatever_the_day_data()
+    {
+        QTest::addColumn<QDate>("day");
+        for (const QDate& day : { QDate(2026, 1, 1), QDate(2026, 1, 2), QDate(2026, 3, 16),
+                 QDate(2026, 7, 1), QDate(2026, 11, 22), QDate(2026, 12, 31), QDate(2028, 2, 29) })
+            QTest::newRow(qPrintable(day.toString(Qt::ISODate))) << day;
+    }
+
+    void the_club_to_try_shows_one_of_each_whatever_the_day()
+    {
+        QFETCH(QDate, day);
+        TestClub club;
+        MakeBeispiel(club, day);
+        club.Start(day);
+        QCOMPARE(club.BoxTexts(), QStringList());
+        const CheckResult result = RunCheck(CheckSourceOf(club.program));
+        QStringList found;
+        for (const Finding& finding : result.All)
+            found += finding.id + u": "_s + finding.sentence;
+        QVERIFY2(result.Errors == 1 && result.Warnings == 1 && result.Hints == 1,
+            qPrintable(found.join(u'\n')));
+        for (const QString& id : { u"C22a"_s, u"C26a"_s, u"C47c"_s })
+            QVERIFY2(found.filter(id).size() == 1, qPrintable(found.join(u'\n')));
+    }
+
     void the_report_about_an_example_club_is_as_expected_data()
     {
         QTest::addColumn<const Example*>("example");

@@ -18,16 +18,16 @@ void Tour::prices_and_dates_are_saved()
     User->Type(u"Text4(0)"_s, u"0,37"_s);
     User->Type(u"Text4(7)"_s, u"0,00"_s); // not read from the file, so it is typed again
     User->PickDay(u"Calendar1"_s, QDate(2026, 11, 30));
-    User->PickDay(u"Calendar2"_s, QDate(2026, 12, 31));
+    User->PickDay(u"Calendar2"_s, QDate(2026, 12, 30));
     QCOMPARE(Text(u"Label7"_s), u"30.11.2026"_s);
-    QCOMPARE(Text(u"Text4(8)"_s), u"31.12.2026"_s);
+    QCOMPARE(Text(u"Text4(8)"_s), u"30.12.2026"_s);
     User->Picture(OutPath(u"einstellungen-geaendert.png"_s));
     User->Expect(u"Hinweis"_s, u"Datenänderung ist gespeichert !"_s, u"OK"_s);
     User->Click(u"Command5"_s);
     Club.Replace(u"Config.ini"_s, u"Stromkosten=0,36"_s, u"Stromkosten=0,37"_s);
     Club.Replace(
         u"Config.ini"_s, u"Abrechnungsdatum=15.11.2026"_s, u"Abrechnungsdatum=30.11.2026"_s);
-    Club.Replace(u"Config.ini"_s, u"Überweisdatum=20.12.2026"_s, u"Überweisdatum=31.12.2026"_s);
+    Club.Replace(u"Config.ini"_s, u"Überweisdatum=31.12.2026"_s, u"Überweisdatum=30.12.2026"_s);
 }
 
 void Tour::the_bank_is_changed()
