@@ -26,6 +26,8 @@ constexpr char own_tool_tip_property[] = "own_tool_tip";
 constexpr char first_click_property[] = "first_click";
 constexpr char read_only_property[] = "looks_read_only";
 constexpr int row_margin = 3; // above and below the text of a row
+constexpr int half_light = 128;
+constexpr int outline_shade = 130; // percent; styles draw the outline darker still
 constexpr int text_margin = 14; // frame and inner margins of a line edit, left and right
 
 /// The first character that the files cannot hold, and what stands in for it; empty when all can.
@@ -130,6 +132,13 @@ QPalette OwnPalette(const QWidget* control)
     return palette;
 }
 
+/// Colours the outline of boxes to tick so that it is seen on a dark ground.
+void ClearOutline(QPalette& palette, const QPalette& of)
+{
+    if (of.color(QPalette::Base).lightness() < half_light)
+        palette.setColor(QPalette::Window, of.color(QPalette::Text).darker(outline_shade));
+}
+
 class RoomyRows : public QStyledItemDelegate {
 public:
     using QStyledItemDelegate::QStyledItemDelegate;
@@ -148,6 +157,13 @@ public:
             return QStyledItemDelegate::helpEvent(event, view, option, index);
         QToolTip::showText(event->globalPos(), index.data().toString(), view);
         return true;
+    }
+
+protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override
+    {
+        QStyledItemDelegate::initStyleOption(option, index);
+        ClearOutline(option->palette, option->palette);
     }
 };
 
@@ -261,3 +277,10 @@ void MakePrimary(QPushButton* button)
 }
 
 void MakeRowsRoomy(QAbstractItemView* list) { list->setItemDelegate(new RoomyRows(list)); }
+
+void KeepOutlineClear(QWidget* control)
+{
+    QPalette palette;
+    ClearOutline(palette, control->palette());
+    control->setPalette(palette);
+}

@@ -45,8 +45,12 @@ QPushButton* MakeButton(QWidget* parent, const QString& caption, const QString& 
 /// Makes the button stand out as the one that its frame is for.
 void MakePrimary(QPushButton* button);
 
+/// Lets the outline of a box to tick or of a round button be seen on a dark desktop as well: some
+/// styles draw it darker than the ground.
+void KeepOutlineClear(QWidget* control);
+
 /// Rows of a list of names high enough to be read and hit with ease; the tool tip of a name that is
-/// cut off says it whole.
+/// cut off says it whole. Boxes to tick are seen on a dark desktop as well.
 void MakeRowsRoomy(QAbstractItemView* list);
 
 enum class TintKind { None, Unsaved, Wrong, OtherYear, Doubtful };

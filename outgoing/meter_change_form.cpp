@@ -97,6 +97,8 @@ void AddMeterChoice(QDialog* dialog, QGridLayout* grid)
     auto* electricity = Named(new QRadioButton(u"&Strom"_s, dialog), u"MeterElectricity"_s);
     auto* water = Named(new QRadioButton(u"&Wasser"_s, dialog), u"MeterWater"_s);
     electricity->setChecked(true);
+    KeepOutlineClear(electricity);
+    KeepOutlineClear(water);
     auto* row = new QHBoxLayout;
     row->addWidget(electricity);
     row->addWidget(water);

@@ -43,6 +43,8 @@ QGridLayout* BuildPriceColumn(SettingsForm& form, QWidget* frame)
         "dann den alten Betrag."_s);
     form.Check1 = Named(new QCheckBox(u"Vorauszahlung Strom"_s, frame), u"Check1"_s);
     form.Check2 = Named(new QCheckBox(u"Vorauszahlung Wasser"_s, frame), u"Check2"_s);
+    KeepOutlineClear(form.Check1);
+    KeepOutlineClear(form.Check2);
     grid->addWidget(form.Check1, grid->rowCount(), 0, 1, 2);
     grid->addWidget(form.Check2, grid->rowCount(), 0, 1, 2);
     LeaveRoomBeside(grid);

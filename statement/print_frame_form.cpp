@@ -106,8 +106,10 @@ QWidget* BuildPrintFrame(Program& program, QWidget* parent)
     auto* frame = Named(new QGroupBox(u"Drucken"_s, parent), u"Frame11"_s, 0);
     form.Option1 = Named(new QRadioButton(u"Alles"_s, frame), u"Option1"_s);
     form.Option2 = Named(new QRadioButton(u"Seiten"_s, frame), u"Option2"_s);
-    for (QRadioButton* option : { form.Option1, form.Option2 })
+    for (QRadioButton* option : { form.Option1, form.Option2 }) {
         option->setToolTip(u"Gedruckt wird in beiden Fällen von Seite – bis Seite."_s);
+        KeepOutlineClear(option);
+    }
     form.Option2->setChecked(true); // the page numbers always decide
     form.Text8From = PageNumberField(frame, 0, u"Drucken von Seite"_s);
     form.Text8From->setText(u"1"_s);
