@@ -26,6 +26,8 @@ namespace {
 enum Column { PlotColumn, NameColumn, FirstMeterColumn };
 enum MeterColumn { StartColumn, EndColumn, ConsumptionColumn, LastYearColumn, MeterColumns };
 
+constexpr int widest_column = 40; // characters
+
 int ColumnOf(std::size_t meter, MeterColumn column)
 {
     return FirstMeterColumn + static_cast<int>(meter) * MeterColumns + column;
@@ -235,9 +237,11 @@ QTableWidget* BuildReadingsTable(Program& program, QWidget* window)
             u"Wasser Anfang"_s, u"Wasser Ende"_s, u"m³"_s, u"Vorjahr m³"_s });
     table->verticalHeader()->hide();
     table->horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
-    table->horizontalHeader()->setSectionResizeMode(NameColumn, QHeaderView::Stretch);
+    table->horizontalHeader()->setMaximumSectionSize(
+        table->fontMetrics().averageCharWidth() * widest_column);
     table->setEditTriggers(QAbstractItemView::AnyKeyPressed | QAbstractItemView::DoubleClicked
         | QAbstractItemView::EditKeyPressed);
+    table->setTabKeyNavigation(false); // Tab goes on to the buttons
     table->setSelectionMode(QAbstractItemView::SingleSelection);
     table->setItemDelegate(new ReadingDelegate(program, table));
     OnEvent(program, table, QEvent::KeyPress,

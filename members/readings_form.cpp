@@ -9,9 +9,11 @@
 #include "members/readings_table.h"
 
 #include <QHBoxLayout>
+#include <QHeaderView>
 #include <QLabel>
 #include <QMainWindow>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QShortcut>
 #include <QTabWidget>
 #include <QTableWidget>
@@ -21,8 +23,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int first_width = 900; // pixels: the whole table on a small screen
-constexpr int first_height = 600;
+constexpr int first_height = 600; // pixels
 
 /// What is read anew at the end of a run must not cost bookings or a member that is being typed.
 bool MayEnter(Program& program, int position)
@@ -108,8 +109,6 @@ void BuildWindow(Program& program)
     column->addWidget(form.ReadingsTable, 1);
     column->addLayout(BuildBelow(program, form.ReadingsWindow));
     BuildKeys(program);
-    form.ReadingsWindow->resize(
-        SizeOnScreen(form.ReadingsWindow, QSize(first_width, first_height)));
     for (const QEvent::Type end : { QEvent::WindowDeactivate, QEvent::Hide })
         OnEvent(program, form.ReadingsWindow, end, [](Program& p, QEvent&) {
             EndRun(p);
@@ -121,15 +120,29 @@ void BuildWindow(Program& program)
     });
 }
 
+/// The whole table where the screen is wide enough for it.
+void ResizeToTable(const ReadingsForm& form)
+{
+    QTableWidget* table = form.ReadingsTable;
+    table->resizeColumnsToContents();
+    const int around = 2 * table->frameWidth() + table->verticalScrollBar()->sizeHint().width()
+        + 4 * FrameSpacing;
+    form.ReadingsWindow->resize(SizeOnScreen(
+        form.ReadingsWindow, QSize(table->horizontalHeader()->length() + around, first_height)));
+}
+
 } // namespace
 
 void ShowReadings(Program& program)
 {
     ReadingsForm& form = program.Readings;
-    if (form.ReadingsWindow == nullptr)
+    const bool first = form.ReadingsWindow == nullptr;
+    if (first)
         BuildWindow(program);
     ShowReadingsTable(program);
     ShowMeters(program, form.Shown);
+    if (first)
+        ResizeToTable(form);
     ShowYearNotes(program);
     form.ReadingsWindow->show();
     form.ReadingsWindow->raise();

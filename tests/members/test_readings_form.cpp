@@ -181,6 +181,20 @@ private Q_SLOTS:
         QVERIFY(!club.Table()->isColumnHidden(club.Cell(0, u"Strom Ende"_s)->column()));
     }
 
+    void names_are_whole_and_the_tab_key_leads_to_the_buttons()
+    {
+        ReadingsClub club(Readers(2));
+        club.Open();
+        const int name = club.Cell(0, u"Name"_s)->column();
+        QVERIFY(club.Table()->columnWidth(name)
+            >= club.Table()->fontMetrics().horizontalAdvance(club.Cell(0, u"Name"_s)->text()));
+        const QTableWidgetItem* last = club.Cell(0, u"Vorjahr m³"_s);
+        QVERIFY(club.Table()->viewport()->rect().contains(
+            club.Table()->visualItemRect(last))); // nobody scrolls sideways
+        club.Press(Qt::Key_Tab);
+        QCOMPARE(QApplication::focusWidget()->objectName(), u"ReadingsSheet"_s);
+    }
+
     void a_member_typed_in_the_form_is_not_lost_without_a_question()
     {
         ReadingsClub club(Readers(2));
