@@ -130,6 +130,7 @@ void SetRunning(const BillsAsPdfForm& form, bool running)
     form.Dialog->setProperty("running", running);
     form.Dialog->setProperty("cancelled", false);
     form.Create->setEnabled(!running);
+    form.Progress->show();
     form.Cancel->setText(running ? u"Abbrechen"_s : u"Schließen"_s);
 }
 
@@ -192,6 +193,7 @@ void AddChoices(QDialog* dialog, QGridLayout* grid)
               { u"nur die &gezeigte Seite"_s, u"BillsShownPage"_s } };
     for (const auto& [caption, name] : choices) {
         auto* choice = Named(new QRadioButton(caption, dialog), name);
+        KeepOutlineClear(choice);
         choice->setChecked(name == u"BillsPerMember"_s);
         grid->addWidget(choice, grid->rowCount(), 0, 1, 3);
     }
@@ -213,6 +215,10 @@ void AddResult(QDialog* dialog, QGridLayout* grid)
 {
     auto* progress = Named(new QProgressBar(dialog), u"BillsProgress"_s);
     progress->setAccessibleName(u"Fortschritt"_s);
+    QSizePolicy keeps_its_place = progress->sizePolicy();
+    keeps_its_place.setRetainSizeWhenHidden(true);
+    progress->setSizePolicy(keeps_its_place);
+    progress->hide(); // empty it looks like a field
     grid->addWidget(progress, grid->rowCount(), 0, 1, 3);
     auto* result = Named(new QLabel(dialog), u"BillsResult"_s);
     result->setTextFormat(Qt::PlainText);

@@ -144,7 +144,8 @@ void AddPictureAndList(QDialog* dialog, QGridLayout* grid)
     auto* code = Named(new QLabel(dialog), u"CodePicture"_s);
     code->setAccessibleName(u"Code der gezeigten Seite"_s);
     code->setWordWrap(true);
-    grid->addWidget(code, grid->rowCount(), 0, 1, 2, Qt::AlignHCenter);
+    code->setAlignment(Qt::AlignCenter);
+    grid->addWidget(code, grid->rowCount(), 0, 1, 2);
     Named(AddSentence(dialog, grid, {}), u"CodeWithoutCaption"_s);
     auto* without = Named(new QListWidget(dialog), u"CodeWithout"_s);
     without->setAccessibleName(u"Mitglieder ohne Code"_s);
@@ -160,6 +161,7 @@ QDialog* BuildDialog(const Program& program)
     auto* grid = new QGridLayout(dialog);
     auto* on_every_bill
         = Named(new QCheckBox(u"&Code auf jede Abrechnung setzen"_s, dialog), u"CodeOnEveryBill"_s);
+    KeepOutlineClear(on_every_bill);
     on_every_bill->setChecked(program.TransferCode.OnEveryBill);
     grid->addWidget(on_every_bill, 0, 0, 1, 2);
     AddAccount(program, dialog, grid);

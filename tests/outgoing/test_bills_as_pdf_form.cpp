@@ -1,5 +1,7 @@
 // The dialog "Abrechnungen als PDF": which files lie where, what is refused, what is said.
+#include "history/history_report.h"
 #include "outgoing/bills_as_pdf_form.h"
+#include "report/report_text.h"
 #include "tests/support/club.h"
 #include "tests/support/printed.h"
 #include "tests/support/privileges.h"
@@ -12,6 +14,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMainWindow>
+#include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QtTest>
@@ -42,6 +45,11 @@ struct BillsClub : TestClub {
     QStringList Files() { return QDir(Place).entryList(QDir::Files | QDir::Hidden, QDir::Name); }
     qsizetype Members() { return program.Members.RecordList.size(); }
 };
+
+QString HistoryWords(const BillsClub& club)
+{
+    return TextOfReport(HistoryReport(club.program.Files, {}));
+}
 
 } // namespace
 
@@ -196,6 +204,34 @@ private Q_SLOTS:
                      u"%1 Mitglieder haben keine Rechnung: %2; "_s.arg(club.Members() - 1)
                          .arg(NameEntry(fields))),
             qPrintable(club.Result()));
+    }
+
+    void progress_is_shown_once_there_is_some()
+    {
+        BillsClub club;
+        const auto* progress = club.Control<QProgressBar>("BillsProgress");
+        QVERIFY(!progress->isVisibleTo(club.Control<QDialog>("BillsAsPdf")));
+        club.Create("BillsShownPage");
+        QVERIFY(progress->isVisibleTo(club.Control<QDialog>("BillsAsPdf")));
+        QCOMPARE(progress->value(), 1);
+    }
+
+    void a_finished_run_is_an_entry_of_the_history()
+    {
+        BillsClub club;
+        club.Create("BillsInOne");
+        QVERIFY(HistoryWords(club).contains(
+            u"Abrechnungen 2017: Seiten 1 bis %1 als PDF"_s.arg(club.Members())));
+    }
+
+    void a_run_that_was_cancelled_before_its_first_file_is_none()
+    {
+        BillsClub club;
+        auto* cancel = club.Control<QPushButton>("BillsCancel");
+        QMetaObject::invokeMethod(cancel, &QPushButton::click, Qt::QueuedConnection);
+        club.Create("BillsInOne");
+        QVERIFY2(club.Result().startsWith(u"Abgebrochen. "_s), qPrintable(club.Result()));
+        QVERIFY(!HistoryWords(club).contains(u"Abrechnungen 2017"_s));
     }
 
     void the_proposed_folder_names_the_year()
