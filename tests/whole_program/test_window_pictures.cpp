@@ -1,14 +1,19 @@
 // Pictures of every tab as users have it: small and large windows, large letters, a dark desktop;
 // run a second time on a fine screen. They lie in out/ for whoever changes the looks of something.
-#include "tests/support/club.h"
+#include "controls/fields.h"
+#include "tests/support/more_club.h"
 #include "tests/support/test_file.h"
 
-#include <QAction>
 #include <QApplication>
 #include <QDir>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
 #include <QMainWindow>
 #include <QPalette>
+#include <QPushButton>
 #include <QTabWidget>
+#include <QTableWidget>
 #include <QtTest>
 
 using namespace Qt::StringLiterals;
@@ -22,6 +27,36 @@ QPalette DarkPalette()
     dark.setColor(QPalette::AlternateBase, QColor(45, 45, 48));
     dark.setColor(QPalette::Highlight, QColor(42, 130, 218));
     return dark;
+}
+
+/// A club with all marks that a wrong turn can leave. Every box is answered with "Nein".
+struct MarkedClub : TestClub {
+    MarkedClub()
+    {
+        CopyExample(u"ordinary-year"_s);
+        const QString members = u"Mitgliedsdaten2017.pz"_s;
+        QByteArray lines = Read(members);
+        lines.replace("Feldrain 9;", "Feldrain;9;"); // 17 fields
+        lines.replace("3180;3433;117;131", "3180;3100;117;900");
+        lines.replace(";7150;7660;", ";7150;viel;"); // the bill stops
+        Write(members, lines);
+        Start({ 2017, 11, 20 });
+        program.Ask = [](const MessageBox&) { return BoxAnswer::No; };
+        program.Window.Window->show();
+        Control<QListWidget>("List1")->setCurrentRow(4);
+        Control<QPushButton>("Command3(1)")->click(); // 2016, while 2017 is shown
+        Control<QPushButton>("Command5")->click(); // the pages are drawn again
+        Control<QLineEdit>("Text3(2)")->setText(u"Neuer Weg 7"_s);
+        for (int page = 1; page < 7; ++page)
+            Control<QPushButton>("Command9(0)")->click();
+    }
+};
+
+void TypeInto(const TestClub& club, const char* field, const QString& text)
+{
+    auto* control = club.Control<QLineEdit>(field);
+    control->selectAll();
+    QTest::keyClicks(control, text);
 }
 
 /// The preview of a bill: its page, which is paper on every desktop.
@@ -68,26 +103,82 @@ private Q_SLOTS:
         QApplication::setFont(font_before);
     }
 
-private:
-    /// The window of a report, as it opens.
-    static void PictureReport(TestClub& club, const QString& entry, bool dark)
+    void boxes_to_tick_are_seen_on_a_dark_desktop_data()
     {
-        club.program.Window.Window->findChild<QAction*>(entry)->trigger();
-        const QString kind = entry.sliced(4); // behind "More"
-        const QWidget* window = OpenedReportOf(club.program, kind)->Window;
-        QCoreApplication::processEvents();
-        const QImage picture = const_cast<QWidget*>(window)->grab().toImage();
-        const qreal scale = window->devicePixelRatio();
-        QVERIFY(picture.save(
-            QStringLiteral(PARZELLO_ROOT "/out/ansicht-%1-x%2-%3.png")
-                .arg(QString::fromLatin1(QTest::currentDataTag()), QString::number(scale), kind)));
+        QTest::addColumn<QString>("entry");
+        QTest::addColumn<QString>("control");
+        QTest::newRow("code") << u"MoreCode"_s << u"CodeOnEveryBill"_s;
+        QTest::newRow("PDF") << u"MorePdf"_s << u"BillsInOne"_s;
+        QTest::newRow("meter") << u"MoreMeter"_s << u"MeterWater"_s;
+        QTest::newRow("prices") << QString() << u"Check2"_s;
+        QTest::newRow("print") << QString() << u"Option1"_s;
+        QTest::newRow("offer") << u"MoreAlign"_s << u"AlignList"_s;
+    }
+
+    void boxes_to_tick_are_seen_on_a_dark_desktop()
+    {
+        QFETCH(QString, entry);
+        QFETCH(QString, control);
+        const QPalette before = QApplication::palette();
+        QApplication::setPalette(DarkPalette());
+        {
+            MoreClub club;
+            QWidget* window = entry.isEmpty() ? club.program.Window.Window : club.Open(entry);
+            auto* box = Find<QWidget>(window, control);
+            QTabWidget* tabs = club.program.Window.SSTab1;
+            while (entry.isEmpty() && !box->isVisible() && tabs->currentIndex() < SettingsTab)
+                tabs->setCurrentIndex(tabs->currentIndex() + 1);
+            QCoreApplication::processEvents();
+            box->clearFocus();
+            QImage picture = box->grab().toImage();
+            if (auto* table = qobject_cast<QTableWidget*>(box)) {
+                const QRect cell = table->visualItemRect(table->item(3, 3));
+                picture = table->viewport()->grab(cell).toImage();
+            }
+            // the left end, where no letter stands; its ground is darker than 70
+            const QImage indicator = picture.copy(0, 0, 14, picture.height());
+            int lightest = 0;
+            for (int y = 0; y < indicator.height(); ++y) {
+                for (int x = 0; x < indicator.width(); ++x)
+                    lightest = qMax(lightest, indicator.pixelColor(x, y).lightness());
+            }
+            QVERIFY2(lightest > 110, qPrintable(QString::number(lightest)));
+        }
+        QApplication::setPalette(before);
+    }
+
+private:
+    /// What the window looks like now, as out/ansicht-<case>-x<scale>-<name>.png.
+    static QImage Picture(QWidget* window, const QString& name)
+    {
+        const QDir out(QStringLiteral(PARZELLO_ROOT "/out"));
+        if (!out.mkpath(u"."_s))
+            qFatal("no folder for the pictures");
+        for (int i = 0; i < 5; ++i) // layouts settle in several rounds
+            QCoreApplication::processEvents();
+        const QImage picture = window->grab().toImage();
+        const QString scale = QString::number(window->devicePixelRatio());
+        if (!picture.save(out.filePath(u"ansicht-%1-x%2-%3.png"_s.arg(
+                QString::fromLatin1(QTest::currentDataTag()), scale, name))))
+            qFatal("cannot save a picture");
+        return picture;
+    }
+
+    /// The window behind an entry of "Mehr" on a screen of that size.
+    static void PictureWindow(MoreClub& club, const QString& entry, const QSize& size, bool dark)
+    {
+        QWidget* window = club.Open(entry);
+        QVERIFY2(window->minimumSizeHint().width() <= size.width()
+                && window->minimumSizeHint().height() <= size.height(),
+            qPrintable(entry));
+        window->resize(window->size().boundedTo(size));
+        const QImage picture = Picture(window, entry.sliced(4)); // behind "More"
         QCOMPARE(picture.pixelColor(3, 3).lightness() < 128, dark);
+        MoreClub::Close(window);
     }
 
     static void TakePictures(const QSize& size, bool dark)
     {
-        const QDir out(QStringLiteral(PARZELLO_ROOT "/out"));
-        QVERIFY(out.mkpath(u"."_s));
         TestClub club;
         club.CopyExample(u"ordinary-year"_s);
         club.Start({ 2017, 11, 20 });
@@ -97,21 +188,42 @@ private:
         const QTabWidget* tabs = club.program.Window.SSTab1;
         for (int tab = 0; tab < tabs->count(); ++tab) {
             club.program.Window.SSTab1->setCurrentIndex(tab);
-            for (int i = 0; i < 5; ++i) // layouts settle in several rounds
-                QCoreApplication::processEvents();
-            const QImage picture = window->grab().toImage();
-            const qreal scale = window->devicePixelRatio();
-            QCOMPARE(picture.size(), size * scale);
-            QVERIFY(picture.save(out.filePath(
-                u"ansicht-%1-x%2-%3.png"_s.arg(QString::fromLatin1(QTest::currentDataTag()),
-                    QString::number(scale), QString::number(tab + 1)))));
+            const QImage picture = Picture(window, QString::number(tab + 1));
+            QCOMPARE(picture.size(), size * window->devicePixelRatio());
             const QColor ground = picture.pixelColor(picture.width() - 3, 3);
             QCOMPARE(ground.lightness() < 128, dark);
             if (tab == 1)
                 QCOMPARE(PaperColour(club, picture), QColor(Qt::white));
         }
-        for (const char* entry : { "MoreOpenItems", "MoreCashReport", "MoreCashBook", "MoreYears" })
-            PictureReport(club, QString::fromLatin1(entry), dark);
+        MoreClub more;
+        more.program.Window.Window->resize(size);
+        for (const QString& entry : MoreClub::Entries())
+            PictureWindow(more, entry, size, dark);
+        PictureMarks(size);
+    }
+
+    /// What can be wrong at once: another year is chosen than shown, fields are not saved, a line
+    /// has 17 fields, readings and dates are doubtful, bills are not finished.
+    static void PictureMarks(const QSize& size)
+    {
+        MarkedClub club;
+        QMainWindow* window = club.program.Window.Window;
+        window->resize(size);
+        for (int tab = 0; tab < club.program.Window.SSTab1->count(); ++tab) {
+            club.program.Window.SSTab1->setCurrentIndex(tab);
+            if (tab == SettingsTab) {
+                TypeInto(club, "Text4(0)", u"abc"_s);
+                TypeInto(club, "Text4(1)", u"2,50"_s);
+            }
+            Picture(window, u"Marken%1"_s.arg(tab + 1));
+        }
+        for (const char* line : { "YearNoteMember", "YearNoteReadings", "UnfinishedLine",
+                 "UnfinishedPages", "PrintedYear" })
+            QVERIFY2(!club.Control<QLabel>(line)->text().isEmpty(), line);
+        QCOMPARE(TintOf(club.Control<QLineEdit>("Text4(0)")), TintKind::Wrong);
+        QCOMPARE(TintOf(club.Control<QLineEdit>("Text4(1)")), TintKind::Unsaved);
+        QCOMPARE(TintOf(club.Control<QLineEdit>("Text1(1)")), TintKind::Wrong);
+        QCOMPARE(TintOf(club.Control<QLineEdit>("Text1(4)")), TintKind::Doubtful);
     }
 };
 
