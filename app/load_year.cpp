@@ -96,10 +96,8 @@ namespace {
 
 void ClearLedgers(Program& program)
 {
-    program.CashBook.Bank.Lines.clear();
-    program.CashBook.CashBox.Lines.clear();
-    program.CashBook.Bank.Unsaved = false;
-    program.CashBook.CashBox.Unsaved = false;
+    program.CashBook.Bank = {};
+    program.CashBook.CashBox = {};
 }
 
 void ShowFirstOrCurrentMember(Program& program)

@@ -112,6 +112,8 @@ void TabChanged(Program& program, int new_tab)
         return;
     if (!AskForPrices(program))
         AskForBank(program);
+    if (new_tab == CashBookTab)
+        ShowIfStale(program);
 }
 
 bool AskForUnsaved(Program& program) { return AskForUnsaved(program, AskLeaveMember); }

@@ -35,6 +35,8 @@ struct CashBookForm {
 
     // ledger_form
     QPushButton* Command15 = nullptr; ///< switches the account; its caption is the state
+
+    // booking_buttons_form
     std::array<QPushButton*, 2> Command12 {}; ///< "OK", "Löschen"
     QPushButton* CommandSaveLedger = nullptr; ///< "Speichern"
 };

@@ -3,6 +3,7 @@
 #include "cashbook/cashbook_tab_form.h"
 
 #include "app/program.h"
+#include "cashbook/booking_buttons_form.h"
 #include "cashbook/booking_form.h"
 #include "cashbook/ledger_form.h"
 #include "cashbook/ledger_view_form.h"

@@ -3,6 +3,8 @@
 #include "data/collation.h"
 #include "data/records.h"
 
+#include <algorithm>
+
 namespace {
 
 /// "07.03.2016" gives "20160307".
@@ -34,6 +36,16 @@ SortBox Sorted(const QStringList& lines)
     return { SortedTexts(key_lines) };
 }
 
+/// The date's points and the fields' semicolons where sorting puts them.
+bool KeepsItsForm(const QString& line)
+{
+    constexpr qsizetype date_length = 10;
+    return line.indexOf(QLatin1Char(';')) == date_length && line[2] == QLatin1Char('.')
+        && line[5] == QLatin1Char('.') && line.count(QLatin1Char(';')) == LedgerFieldCount - 1;
+}
+
+QByteArray SortKey(const QString& line) { return CollationKey(DateKeyLine(line)); }
+
 } // namespace
 
 QString DateKeyLine(const QString& line)
@@ -54,4 +66,24 @@ QStringList SortLedgerByDate(const QStringList& lines)
     for (QString& line : sorted)
         line = LineOfDateKey(line);
     return sorted;
+}
+
+bool KeepsBookingOrder(const QStringList& sorted_lines)
+{
+    return std::all_of(sorted_lines.begin(), sorted_lines.end(), KeepsItsForm);
+}
+
+void PutInBookingOrder(QStringList& sorted_lines, const QString& line, qsizetype replaced)
+{
+    const qsizetype was_at = replaced < 0 ? sorted_lines.size() : replaced;
+    if (replaced >= 0)
+        sorted_lines.removeAt(replaced);
+    const QByteArray key = SortKey(line);
+    const auto begin = sorted_lines.cbegin();
+    const auto first = std::lower_bound(begin, sorted_lines.cend(), key,
+        [](const QString& other, const QByteArray& k) { return SortKey(other) < k; });
+    const auto last = std::upper_bound(first, sorted_lines.cend(), key,
+        [](const QByteArray& k, const QString& other) { return k < SortKey(other); });
+    // among equal lines it stays where it was, as a stable sort leaves it
+    sorted_lines.insert(std::clamp<qsizetype>(was_at, first - begin, last - begin), line);
 }

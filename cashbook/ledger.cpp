@@ -1,5 +1,6 @@
 #include "cashbook/ledger.h"
 
+#include "cashbook/date_ordering.h"
 #include "data/records.h"
 #include "data/runtime_error.h"
 
@@ -26,6 +27,12 @@ int LineToReplace(const CashBookState& book, Account account)
     return is_there ? book.SelectedLedgerRow - 1 : -1;
 }
 
+bool IsOfAnotherYear(
+    const Ledger& ledger, const BillingYear& chosen_year, const BillingYear& loaded_year)
+{
+    return !ledger.Year.isEmpty() && ledger.Year != chosen_year && ledger.Year != loaded_year;
+}
+
 namespace {
 
 void MarkChanged(CashBookState& book, Account account)
@@ -47,14 +54,18 @@ RuntimeError NothingToDelete(const QString& remedy)
 
 void ApplyEntry(CashBookState& book, Account account, const QString& line)
 {
-    QStringList& ledger = LedgerOf(book, account).Lines;
+    Ledger& ledger = LedgerOf(book, account);
+    QStringList& lines = ledger.Lines;
     const int replaced = LineToReplace(book, account);
-    if (book.LedgerEditMode && ledger.size() >= 2)
-        std::transform(ledger.begin(), ledger.end(), ledger.begin(), WithFourFields);
-    if (replaced >= 0)
-        ledger[replaced] = line;
+    if (!ledger.InOrder && book.LedgerEditMode && lines.size() >= 2)
+        std::transform(lines.begin(), lines.end(), lines.begin(), WithFourFields);
+    ledger.InOrder = ledger.InOrder && KeepsBookingOrder({ line });
+    if (ledger.InOrder)
+        PutInBookingOrder(lines, line, replaced);
+    else if (replaced >= 0)
+        lines[replaced] = line;
     else
-        ledger += line;
+        lines += line;
     book.LedgerEditMode = false;
     book.SelectedLedgerRow = 0;
     MarkChanged(book, account);

@@ -2,6 +2,8 @@
 // is the business of booking_entry, files that of ledger_file, the view that of ledger_rows.
 #pragma once
 
+#include "data/dates.h"
+
 #include <QString>
 #include <QStringList>
 
@@ -10,9 +12,10 @@ enum class Account { Bank, CashBox };
 /// The bookings of one account in memory.
 struct Ledger {
     QStringList Lines; ///< as in the file
-    QString Year; ///< the year that they were read for; empty before the first load
+    BillingYear Year; ///< the year that they were read for; empty before the first load
     bool Unsaved = false; ///< bookings that are not in the file yet
     bool Unread = false; ///< the last load failed: the lines are not those of the file
+    bool InOrder = false; ///< sorting would change nothing (KeepsBookingOrder)
 };
 
 /// The two ledgers and what the entry form stands at. Which account is shown is no part of it: the
@@ -37,8 +40,14 @@ const Ledger& LedgerOf(const CashBookState& book, Account account);
 /// end.
 int LineToReplace(const CashBookState& book, Account account);
 
+/// True for a list that was read for a year which is neither the chosen nor the loaded one any
+/// more: what is on the screen then belongs to no year that can be saved.
+bool IsOfAnotherYear(
+    const Ledger& ledger, const BillingYear& chosen_year, const BillingYear& loaded_year);
+
 /// "OK": the line is appended, or replaces LineToReplace; in edit mode all other lines become their
-/// first four fields. Ends edit mode, selects no row, marks the ledger as changed and unsaved.
+/// first four fields. A list that is in order stays so: the line goes to the place where sorting
+/// would put it. Ends edit mode, selects no row, marks the ledger as changed and unsaved.
 void ApplyEntry(CashBookState& book, Account account, const QString& line);
 
 /// "Löschen": removes the selected line; edit mode and selection stay as they are, so that the next

@@ -31,6 +31,21 @@ QString LineWithoutBalance(const QString& line)
     return fields.size() < LedgerFieldCount ? line : FirstFourFields(fields);
 }
 
+/// A file that was changed on another system: shown as one booking it would lose the second.
+RuntimeError TwoBookingsInALine(const QString& name, int line)
+{
+    Place where;
+    where.file = FileNameOf(name);
+    where.line = line;
+    where.remedy = QStringLiteral("Die Buchungen wurden nicht geladen, und die Datei wird nicht "
+                                  "überschrieben. Bitte die Datei mit einem Textprogramm öffnen, "
+                                  "die Zeile dort in zwei Zeilen teilen, die Datei sichern und "
+                                  "„Laden“ drücken.");
+    return { ErrorKind::File, where,
+        QStringLiteral("In einer Zeile stehen zwei Buchungen, die ein anderes Zeilenende (LF) "
+                       "trennt.") };
+}
+
 QString FieldCaption(int field)
 {
     return field == Deposit ? QStringLiteral("Einzahlen") : QStringLiteral("Abheben");
@@ -40,7 +55,12 @@ QString FieldCaption(int field)
 
 QStringList ReadLedgerLines(const DataFiles& files, const QString& name)
 {
-    return ReadLinesUpToEmpty(files, name, MostBookings);
+    const QStringList lines = ReadLinesUpToEmpty(files, name, MostBookings);
+    for (qsizetype i = 0; i < lines.size(); ++i) {
+        if (lines[i].contains(u'\n'))
+            throw TwoBookingsInALine(name, static_cast<int>(i) + 1);
+    }
+    return lines;
 }
 
 QStringList WithoutStoredBalances(const QStringList& lines)

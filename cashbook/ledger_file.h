@@ -16,8 +16,9 @@
 /// seconds.
 constexpr qsizetype MostBookings = 200'000;
 
-/// The lines in front of the first empty one, as they stand in the file. Throws RuntimeError (File;
-/// Overflow beyond MostBookings or LongestLine).
+/// The lines in front of the first empty one, as they stand in the file. Throws RuntimeError (File,
+/// also for a line that holds a LF alone in a file whose lines end in CR LF; Overflow beyond
+/// MostBookings or LongestLine).
 QStringList ReadLedgerLines(const DataFiles& files, const QString& name);
 
 /// Old files store a balance as fifth field. When the last line's date has its first point at the

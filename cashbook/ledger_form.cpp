@@ -1,9 +1,9 @@
-// The two accounts: loading, showing, switching, booking and saving, and the buttons for that. How
-// the table looks stands in ledger_view_form, the fields of a booking in booking_form.
+// The two accounts: loading, showing, switching and saving. How the table looks stands in
+// ledger_view_form, the fields of a booking in booking_form, what its buttons do in
+// booking_buttons_form.
 #include "cashbook/ledger_form.h"
 
 #include "app/program.h"
-#include "cashbook/booking_entry.h"
 #include "cashbook/booking_form.h"
 #include "cashbook/date_ordering.h"
 #include "cashbook/ledger_opening.h"
@@ -14,7 +14,6 @@
 #include "controls/fields.h"
 #include "data/file_names.h"
 
-#include <QHBoxLayout>
 #include <QLineEdit>
 #include <QPushButton>
 
@@ -52,6 +51,56 @@ void ShowBank(Program& program)
     program.CashBook.LedgerFileName = BankLedgerFileName(program.Year.YearText);
 }
 
+/// Bookings that were not saved go into the file of the year for which they were typed.
+void SaveIntoItsYear(Program& program, Account account)
+{
+    CashBookState& book = program.CashBook;
+    LedgerPlace place = PlaceOf(program, account);
+    place.YearText = LedgerOf(book, account).Year;
+    if (LedgerOf(book, account).Unread)
+        JoinLedgerWithFile(book, place);
+    SaveLedgerLines(book, place);
+}
+
+bool IsStale(const Program& program, Account account)
+{
+    return IsOfAnotherYear(
+        LedgerOf(program.CashBook, account), program.Year.YearText, program.Year.LoadedYear);
+}
+
+void AskForOldYear(Program& program, Account account)
+{
+    MessageBox box;
+    box.text = AskSaveIntoYear(account, LedgerOf(program.CashBook, account).Year);
+    box.title = CashBookHintTitle;
+    box.icon = BoxIcon::Question;
+    box.buttons = BoxButtons::YesNo;
+    if (program.Ask(box) == BoxAnswer::Yes)
+        SaveIntoItsYear(program, account);
+}
+
+/// The row that was picked is in the list no more: what it put into the fields would be booked a
+/// second time.
+void EndEditMode(Program& program)
+{
+    CashBookState& book = program.CashBook;
+    if (book.LedgerEditMode)
+        ResetEntry(program);
+    book.LedgerEditMode = false;
+    book.SelectedLedgerRow = 0;
+}
+
+/// The shown list belongs to a year that is neither chosen nor loaded any more; with the next
+/// "Speichern" it would replace the bookings of the chosen year, so those are read.
+void ReadStaleAnew(Program& program)
+{
+    const Account account = ShownAccount(program);
+    if (LedgerOf(program.CashBook, account).Unsaved)
+        AskForOldYear(program, account);
+    EndEditMode(program);
+    LoadLedger(program.CashBook, PlaceOf(program, account));
+}
+
 /// The cash box without a file gets its first lines now; bookings that wait to be saved stay.
 void LoadCashBox(Program& program)
 {
@@ -85,26 +134,17 @@ void LoadPending(Program& program)
 
 void SortCurrentLedger(Program& program)
 {
-    QStringList& ledger = CurrentLedger(program);
-    ledger = SortLedgerByDate(ledger);
+    Ledger& ledger = LedgerOf(program.CashBook, ShownAccount(program));
+    if (ledger.InOrder)
+        return;
+    ledger.Lines = SortLedgerByDate(ledger.Lines);
+    ledger.InOrder = KeepsBookingOrder(ledger.Lines);
 }
 
 void ShowOverview(Program& program)
 {
     ShowMemberOverview(
         program, OverviewRows(program.Files, program.Members.NameList, program.Year.YearText));
-}
-
-void ResetEntry(Program& program)
-{
-    ResetEntryFields(program);
-    ForgetPayee(program);
-}
-
-/// Where the ledger holds a booking after sorting.
-qsizetype RowOfBooking(const Program& program, const QString& line)
-{
-    return CurrentLedger(program).lastIndexOf(SortLedgerByDate({ line }).first());
 }
 
 void SwitchAccount(Program& program)
@@ -120,36 +160,6 @@ void SwitchAccount(Program& program)
         ShowLedgerRow(program, -1);
 }
 
-void ApplyEntryClicked(Program& program)
-{
-    const LedgerEntry booking = ReadEntry(program);
-    if (!IsComplete(booking))
-        return; // nothing happens, and nothing is said
-    const QString line = LineOfEntry(booking);
-    ApplyEntry(program.CashBook, ShownAccount(program), line);
-    ResetEntry(program);
-    ShowLedger(program);
-    ShowLedgerRow(program, RowOfBooking(program, line));
-    program.CashBookTab.Text10[DateEntry]->setFocus(); // the next booking begins here
-}
-
-void DeleteEntryClicked(Program& program)
-{
-    if (!IsComplete(ReadEntry(program)))
-        return; // as with "OK"
-    DeleteEntry(program.CashBook, ShownAccount(program));
-    ResetEntry(program);
-    ShowLedger(program);
-}
-
-void ConnectButtons(Program& program)
-{
-    const CashBookForm& form = program.CashBookTab;
-    On(program, form.Command12[0], &QPushButton::clicked, ApplyEntryClicked);
-    On(program, form.Command12[1], &QPushButton::clicked, DeleteEntryClicked);
-    On(program, form.CommandSaveLedger, &QPushButton::clicked, SaveLedger);
-}
-
 } // namespace
 
 QPushButton* BuildAccountSwitch(Program& program, QWidget* tab)
@@ -162,30 +172,10 @@ QPushButton* BuildAccountSwitch(Program& program, QWidget* tab)
     return button;
 }
 
-QHBoxLayout* BuildLedgerButtons(Program& program, QWidget* frame)
+void ResetEntry(Program& program)
 {
-    CashBookForm& form = program.CashBookTab;
-    form.Command12[0] = Named(MakeButton(frame, QStringLiteral("OK"),
-                                  QStringLiteral("Bucht die Felder darüber oder ersetzt die "
-                                                 "markierte Zeile. Datum und Vorgang müssen "
-                                                 "ausgefüllt sein.")),
-        QStringLiteral("Command12"), 0);
-    MakePrimary(form.Command12[0]);
-    form.Command12[1] = Named(MakeButton(frame, QStringLiteral("Löschen"),
-                                  QStringLiteral("Löscht die angeklickte Zeile")),
-        QStringLiteral("Command12"), 1);
-    form.CommandSaveLedger = Named(MakeButton(frame, QStringLiteral("Speichern"),
-                                       QStringLiteral("Schreibt alle Buchungen des gezeigten "
-                                                      "Kontos in seine Datei (Strg+S)")),
-        QStringLiteral("CommandSaveLedger"));
-    auto* row = new QHBoxLayout;
-    row->setSpacing(FrameSpacing);
-    row->addWidget(form.Command12[0]);
-    row->addWidget(form.Command12[1]);
-    row->addStretch(1);
-    row->addWidget(form.CommandSaveLedger);
-    ConnectButtons(program);
-    return row;
+    ResetEntryFields(program);
+    ForgetPayee(program);
 }
 
 void ResetCashBook(Program& program)
@@ -206,8 +196,7 @@ void MakeBankAccountCurrent(Program& program)
     ShowBank(program);
     book.LedgerWithoutHistory = false;
     book.LedgerReloadPending = true;
-    book.LedgerEditMode = false;
-    book.SelectedLedgerRow = 0;
+    EndEditMode(program);
 }
 
 void ShowLedger(Program& program)
@@ -215,6 +204,8 @@ void ShowLedger(Program& program)
     const bool reloads = program.CashBook.LedgerReloadPending;
     if (reloads)
         LoadPending(program);
+    else if (IsStale(program, ShownAccount(program)))
+        RunStep(program, ReadStaleAnew);
     else
         SortCurrentLedger(program);
     ShowLedgerRows(program);
@@ -225,8 +216,17 @@ void ShowLedger(Program& program)
     ShowPaidMarks(program);
 }
 
+void ShowIfStale(Program& program)
+{
+    if (!IsStale(program, ShownAccount(program)))
+        return;
+    ReadStaleAnew(program);
+    ShowLedger(program);
+}
+
 void SaveLedger(Program& program)
 {
+    ShowIfStale(program);
     CashBookState& book = program.CashBook;
     const Account account = ShownAccount(program);
     book.LedgerFileName = LedgerFileNameOf(account, program.Year.YearText);
@@ -249,10 +249,15 @@ void SaveBothLedgers(Program& program)
             first_error = first_error.value_or(error);
         }
     };
-    attempt([&] { SaveLedger(program); });
+    for (const Account account : { Account::Bank, Account::CashBox }) {
+        if (IsStale(program, account) && LedgerOf(book, account).Unsaved)
+            attempt([&] { SaveIntoItsYear(program, account); });
+    }
+    if (!IsStale(program, ShownAccount(program)))
+        attempt([&] { SaveLedger(program); });
     const bool bank_is_shown = ShownAccount(program) == Account::Bank;
     const Account other = bank_is_shown ? Account::CashBox : Account::Bank;
-    const bool unsaved = LedgerOf(book, other).Unsaved;
+    const bool unsaved = LedgerOf(book, other).Unsaved && !IsStale(program, other);
     const bool unread = LedgerOf(book, other).Unread;
     if (unsaved && unread)
         SwitchAccount(program); // its file is read first, which may have something to say

@@ -1,7 +1,6 @@
 // The two accounts: loading, showing, switching, booking, saving.
 #pragma once
 
-class QHBoxLayout;
 class QPushButton;
 class QWidget;
 struct Program;
@@ -9,11 +8,11 @@ struct Program;
 /// Command15, the button that shows the other account.
 QPushButton* BuildAccountSwitch(Program& program, QWidget* tab);
 
-/// The row of "OK", "Löschen" and "Speichern".
-QHBoxLayout* BuildLedgerButtons(Program& program, QWidget* frame);
-
 /// Start values of selection, edit mode and flags; empty amount fields get "0,00".
 void ResetCashBook(Program& program);
+
+/// The fields as "OK" leaves them, and no payee of List9 is selected.
+void ResetEntry(Program& program);
 
 /// Reads the cash-box file of YearText into its list when it exists; otherwise the list is left as
 /// it is.
@@ -23,8 +22,12 @@ void ReadCashBoxLedger(Program& program);
 /// LedgerReloadPending on, edit mode off, no row selected.
 void MakeBankAccountCurrent(Program& program);
 
-/// Loads when LedgerReloadPending, else sorts; shows rows, balance, member overview and paid marks.
-/// Errors are shown here and the rest goes on.
+/// The tab comes to the front: a list of a year that is neither chosen nor loaded any more is read
+/// for the chosen one first. Throws RuntimeError.
+void ShowIfStale(Program& program);
+
+/// Loads when LedgerReloadPending or when the list is of another year, and sorts; shows rows,
+/// balance, member overview and paid marks. Errors are shown here and the rest goes on.
 void ShowLedger(Program& program);
 
 /// "Speichern": writes the shown account's list to the file of YearText and clears its mark of

@@ -1,5 +1,6 @@
 #include "cashbook/ledger_opening.h"
 
+#include "cashbook/date_ordering.h"
 #include "cashbook/ledger_file.h"
 #include "cashbook/texts.h"
 #include "data/dates.h"
@@ -35,6 +36,7 @@ template <typename Load> void Fill(Ledger& ledger, const LedgerPlace& place, Loa
     ledger.Year = place.YearText;
     ledger.Unread = false;
     ledger.Unsaved = false;
+    ledger.InOrder = KeepsBookingOrder(ledger.Lines); // what is loaded is sorted
 }
 
 } // namespace
@@ -68,6 +70,7 @@ void JoinLedgerWithFile(CashBookState& book, const LedgerPlace& place)
     const QStringList typed = ledger.Lines;
     LoadLedger(book, place);
     ledger.Lines += typed;
+    ledger.InOrder = false;
     ledger.Unsaved = true;
 }
 
@@ -79,6 +82,7 @@ void ReadLedgerAsItStands(CashBookState& book, const LedgerPlace& place)
     if (FileExists(place.Files, name))
         ledger.Lines = ReadLedgerLines(place.Files, name);
     ledger.Year = place.YearText;
+    ledger.InOrder = false;
     ledger.Unread = false;
 }
 

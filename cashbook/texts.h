@@ -1,6 +1,8 @@
 // The words of the cash book: messages, titles and the texts that it writes into bookings.
 #pragma once
 
+#include "cashbook/ledger.h"
+
 #include <QString>
 #include <QStringList>
 
@@ -12,6 +14,16 @@ inline QString NewYearNotice(const QString& year_text)
 {
     return QStringLiteral("Achtung ! Es beginnt ein Neues Jahr ") + year_text
         + QStringLiteral(" und Ihr Konto wird mit Übertrag neu Weitwrgeführt !"); // sic
+}
+
+/// The bookings of the other year would be gone with the next reading.
+inline QString AskSaveIntoYear(Account account, const BillingYear& year)
+{
+    return QStringLiteral("Die Buchungen %1 von %2 sind nicht gespeichert. Sollen sie in das Jahr "
+                          "%2 gespeichert werden ?")
+        .arg(account == Account::Bank ? QStringLiteral("des Bankkontos")
+                                      : QStringLiteral("der Handkasse"),
+            year);
 }
 
 // Command15 names the account that a press would switch to.

@@ -3,6 +3,7 @@
 
 #include "tests/support/test_file.h"
 
+#include <QRandomGenerator>
 #include <QtTest>
 
 using namespace Qt::StringLiterals;
@@ -49,6 +50,49 @@ private Q_SLOTS:
         QFETCH(const QString, second);
         QCOMPARE(SortLedgerByDate({ second, first }), QStringList({ first, second }));
         QCOMPARE(SortLedgerByDate({ first, second }), QStringList({ first, second }));
+    }
+
+    void a_line_is_put_where_sorting_would_put_it()
+    {
+        QRandomGenerator dice(5);
+        const auto any = [&dice] {
+            const QStringList texts { u"Pacht"_s, u"PACHT"_s, u"pacht"_s, u"Abrechnung"_s };
+            return u"0%1.03.2016;%2;0,00;1,00"_s.arg(dice.bounded(1, 4))
+                .arg(texts[dice.bounded(4)]);
+        };
+        for (int round = 0; round < 2000; ++round) {
+            QStringList lines;
+            for (int i = dice.bounded(6); i > 0; --i)
+                lines += any();
+            lines = SortLedgerByDate(lines);
+            QVERIFY(KeepsBookingOrder(lines));
+            const int replaced = dice.bounded(-1, static_cast<int>(lines.size()));
+            const QString line = any();
+            QStringList expected = lines;
+            if (replaced < 0)
+                expected += line;
+            else
+                expected[replaced] = line;
+            PutInBookingOrder(lines, line, replaced);
+            QCOMPARE(lines, SortLedgerByDate(expected));
+        }
+    }
+
+    void a_line_of_another_form_changes_with_the_next_sort_data()
+    {
+        QTest::addColumn<QString>("line");
+        QTest::newRow("a day alone") << u"x;;;"_s;
+        QTest::newRow("a short date") << u"1.3.16;a;0,00;1,00"_s;
+        QTest::newRow("no points") << u"01-03-2016;a;0,00;1,00"_s;
+        QTest::newRow("five fields") << u"01.03.2016;a;0,00;1,00;5,00"_s;
+        QTest::newRow("three fields") << u"01.03.2016;a;0,00"_s;
+        QTest::newRow("nothing") << u""_s;
+    }
+    void a_line_of_another_form_changes_with_the_next_sort()
+    {
+        QFETCH(const QString, line);
+        QVERIFY(!KeepsBookingOrder({ u"01.03.2016;a;0,00;1,00"_s, line }));
+        QVERIFY(KeepsBookingOrder({ u"01.03.2016;a;0,00;1,00"_s }));
     }
 
     void equal_lines_keep_their_order_and_none_is_dropped()

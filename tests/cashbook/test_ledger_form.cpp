@@ -171,8 +171,8 @@ private Q_SLOTS:
             << u"01.02.2016;b;x;1.5\r\n"_s << u"01.02.2016;b;x;1.5\r\n"_s;
         QTest::newRow("no end of the last line")
             << u"01.02.2016;b;1;2"_s << u"01.02.2016;b;1;2\r\n"_s;
-        QTest::newRow("a line feed within a line")
-            << u"01.02.2016;b\nc;1;2\r\n"_s << u"01.02.2016;b\nc;1;2\r\n"_s;
+        QTest::newRow("line feeds alone") << u"01.02.2016;b;1;2\n02.02.2016;c;3;4\n"_s
+                                          << u"01.02.2016;b;1;2\r\n02.02.2016;c;3;4\r\n"_s;
         QTest::newRow("a NUL") << u"01.02.2016;b"_s + QChar(0) + u"c;1;2\r\n"_s
                                << u"01.02.2016;b"_s + QChar(0) + u"c;1;2\r\n"_s;
         QTest::newRow("equal lines") << bank_line + bank_line << bank_line + bank_line;
@@ -190,9 +190,45 @@ private Q_SLOTS:
             QVERIFY2(found.removeOne(line), qPrintable(line));
     }
 
+    void a_line_that_holds_a_line_feed_is_named_and_its_file_never_written()
+    {
+        const QString lines = bank_line + u"02.02.2016;b;1,00;0,00\n03.02.2016;c;1,00;0,00\r\n"_s;
+        CashBookClub club(lines, {}, false);
+        club.Start(QDate(2016, 3, 3));
+        club.Show();
+        QCOMPARE(club.Boxes.size(), 1);
+        const QString text = club.Boxes.first().text + club.Boxes.first().detail;
+        QVERIFY2(text.contains(u"LF"_s) && text.contains(u"Konto2016.pz"_s)
+                && text.contains(u"Zeile 2"_s),
+            qPrintable(text));
+        BookPorto(club);
+        club.Click("CommandSaveLedger");
+        QCOMPARE(club.File(CashBookClub::bank), lines);
+        QCOMPARE(club.Texts(), QStringList { u"Porto"_s }); // still there to be saved
+    }
+
+    void a_reload_empties_the_fields_that_a_picked_row_filled()
+    {
+        CashBookClub club(bank_line);
+        club.ClickRow(0);
+        LoadYear(club.program);
+        QCOMPARE(club.FieldTexts(), QStringList({ u""_s, u""_s, u"0,00"_s, u"0,00"_s }));
+        club.Click("Command12(0)");
+        QCOMPARE(club.Texts(), QStringList { u"Anfang"_s }); // not a second time
+    }
+
+    void a_reload_leaves_the_fields_of_a_new_booking_alone()
+    {
+        CashBookClub club(bank_line);
+        club.TypeBooking(u"02.02.2016"_s, u"Porto"_s, u"0,00"_s, u"1,00"_s);
+        LoadYear(club.program);
+        QCOMPARE(
+            club.FieldTexts(), QStringList({ u"02.02.2016"_s, u"Porto"_s, u"0,00"_s, u"1,00"_s }));
+    }
+
     void a_row_that_is_picked_and_booked_again_is_unchanged()
     {
-        const QString lines = u"01.02.2016;b\nc;1,5;abc\r\n02.02.2016;d;;\r\n"_s;
+        const QString lines = u"01.02.2016;b\tc;1,5;abc\r\n02.02.2016;d;;\r\n"_s;
         const CashBookClub club(lines);
         club.ClickRow(0);
         club.Click("Command12(0)");

@@ -366,6 +366,107 @@ private Q_SLOTS:
         QCOMPARE(club.File(CashBookClub::bank),
             line.repeated(99'999) + u"02.02.2016;Porto;0,00;1,00\r\n"_s);
     }
+
+    // the years
+
+    /// Loaded is 2016, chosen 2015 without "Laden": the cash box of 2015 is opened, there is none.
+    void a_cash_box_of_a_year_that_is_neither_chosen_nor_loaded_is_read_anew()
+    {
+        const CashBookClub club(bank_line, cash_line);
+        club.Click("Command3(1)");
+        club.Click("Command15");
+        QVERIFY(club.Texts().isEmpty());
+        club.program.Window.SSTab1->setCurrentIndex(0);
+        club.Click("Command3(0)");
+        club.program.Window.SSTab1->setCurrentIndex(2);
+        QCOMPARE(club.Texts(), QStringList { u"Kasse"_s });
+        BookPorto(club);
+        club.Click("CommandSaveLedger");
+        QCOMPARE(
+            club.File(CashBookClub::cash_box), cash_line + u"02.02.2016;Porto;0,00;1,00\r\n"_s);
+    }
+
+    void saving_alone_reads_such_a_cash_box_first()
+    {
+        CashBookClub club(bank_line, cash_line);
+        const QByteArray older = "01.02.2014;alt;5,00;0,00\r\n";
+        club.Click("Command3(1)");
+        club.Click("Command15");
+        club.Write(u"HandKasse2014.pz"_s, older);
+        club.Click("Command3(1)");
+        club.Click("CommandSaveLedger");
+        QCOMPARE(club.Read(u"HandKasse2014.pz"_s), older);
+        QCOMPARE(club.Texts(), QStringList { u"alt"_s });
+    }
+
+    void unsaved_bookings_of_such_a_year_go_into_its_file_or_are_dropped_as_answered_data()
+    {
+        QTest::addColumn<bool>("yes");
+        QTest::newRow("Ja") << true;
+        QTest::newRow("Nein") << false;
+    }
+    void unsaved_bookings_of_such_a_year_go_into_its_file_or_are_dropped_as_answered()
+    {
+        QFETCH(const bool, yes);
+        CashBookClub club(bank_line, cash_line);
+        club.Click("Command3(1)");
+        club.Click("Command15");
+        club.TypeBooking(u"02.02.2015"_s, u"Porto"_s, u"0,00"_s, u"1,00"_s);
+        club.Click("Command12(0)");
+        club.Boxes.clear();
+        club.Click("Command3(0)");
+        club.Answers = { yes ? BoxAnswer::Yes : BoxAnswer::No };
+        club.Click("CommandSaveLedger");
+        QCOMPARE(club.Boxes.size(), 1);
+        QCOMPARE(club.Boxes[0].title, u"Hinweis"_s);
+        QCOMPARE(club.Boxes[0].text,
+            u"Die Buchungen der Handkasse von 2015 sind nicht gespeichert. Sollen sie in das Jahr "
+            "2015 gespeichert werden ?"_s);
+        QCOMPARE(club.File("HandKasse2015.pz"),
+            yes ? u"02.02.2015;Porto;0,00;1,00\r\n"_s : QString::fromLatin1(CashBookClub::no_file));
+        QCOMPARE(club.File(CashBookClub::cash_box), cash_line);
+        QCOMPARE(club.Texts(), QStringList { u"Kasse"_s });
+    }
+
+    void the_guards_yes_saves_bookings_of_such_a_year_into_its_file()
+    {
+        CashBookClub club(bank_line, cash_line);
+        club.Click("Command3(1)");
+        club.Click("Command15");
+        club.TypeBooking(u"02.02.2015"_s, u"Porto"_s, u"0,00"_s, u"1,00"_s);
+        club.Click("Command12(0)");
+        club.Click("Command3(0)");
+        club.program.Window.SSTab1->setCurrentIndex(0);
+        QCOMPARE(club.File("HandKasse2015.pz"), u"02.02.2015;Porto;0,00;1,00\r\n"_s);
+        QCOMPARE(club.File(CashBookClub::cash_box), cash_line);
+    }
+
+    void a_picked_row_of_such_a_year_is_not_booked_into_the_chosen_one()
+    {
+        const CashBookClub club(bank_line, cash_line);
+        club.Click("Command3(1)");
+        club.Click("Command15");
+        club.TypeBooking(u"02.02.2015"_s, u"Porto"_s, u"0,00"_s, u"1,00"_s);
+        club.Click("Command12(0)");
+        club.Click("CommandSaveLedger");
+        club.ClickRow(0);
+        club.Click("Command3(0)");
+        club.Click("Command12(0)");
+        QCOMPARE(club.Texts(), QStringList { u"Kasse"_s });
+        QVERIFY(!club.Book().LedgerEditMode);
+        club.Click("Command12(1)");
+        QCOMPARE(club.Texts(), QStringList { u"Kasse"_s });
+    }
+
+    void a_list_of_the_loaded_year_stays_although_another_is_chosen()
+    {
+        const CashBookClub club(bank_line, cash_line);
+        club.Click("Command3(1)");
+        club.program.Window.SSTab1->setCurrentIndex(0);
+        club.program.Window.SSTab1->setCurrentIndex(2);
+        QCOMPARE(club.Texts(), QStringList { u"Anfang"_s });
+        QVERIFY(club.Boxes.isEmpty());
+    }
 };
 
 const TestFile<TestTwoAccountsForm> test_file(__FILE__);

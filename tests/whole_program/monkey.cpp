@@ -2,7 +2,9 @@
 // After every step the promises that hold at any moment are checked. Steps and seed: arguments 1
 // and 2 (defaults below); with "redraw" as argument 3 what is shown is compared with a full redraw.
 #include "app/german.h"
+#include "cashbook/date_ordering.h"
 #include "controls/fields.h"
+#include "data/ansi_text.h"
 #include "data/dates.h"
 #include "data/file_names.h"
 #include "data/german_numbers.h"
@@ -26,14 +28,17 @@
 #include <QRandomGenerator>
 #include <QRegularExpression>
 #include <QScrollBar>
+#include <QSet>
 #include <QTabWidget>
 #include <QTableView>
 #include <QTest>
 #include <QTextBrowser>
 #include <QUrl>
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <optional>
 
 namespace {
 
@@ -46,6 +51,8 @@ struct Monkey {
     QString LastAction;
     QMap<QString, int> Done; ///< how often each action was taken
     int BoxCount = 0;
+    int LedgersWritten = 0;
+    QSet<QString> Replaced; ///< bookings that were in a list when "OK" or "Löschen" changed it
     int SettledChecks = 0; ///< checks made while lists and files had to be alike
     int Step = 0;
     bool ErrorSinceLoad
@@ -223,11 +230,21 @@ void DamageAFile(Monkey& monkey)
     monkey.LastAction = QStringLiteral("damaging a file");
     TestClub& club = monkey.Club;
     const QString year = Below(monkey, 2) == 0 ? QStringLiteral("2016") : QStringLiteral("2017");
-    const QString name = QStringLiteral("Mitgliedsdaten") + year + QStringLiteral(".pz");
-    if (Below(monkey, 2) == 0)
+    const QStringList kinds { QStringLiteral("Mitgliedsdaten"), QStringLiteral("Konto"),
+        QStringLiteral("HandKasse") };
+    const QString name = kinds[Below(monkey, kinds.size())] + year + QStringLiteral(".pz");
+    if (!club.Exists(name))
+        return;
+    switch (Below(monkey, 3)) {
+    case 0:
         club.Write(name, club.Read(name) + QByteArray(40000, 'x') + "\r\n");
-    else
+        break;
+    case 1:
         club.Write(name, club.Read(name).replace('\r', "")); // LF alone
+        break;
+    default:
+        club.Write(name, club.Read(name).replace("0,00\r\n", "0,00\n")); // some LF alone
+    }
     monkey.ErrorSinceLoad = true;
 }
 
@@ -292,9 +309,10 @@ bool FileHolds(const Monkey& monkey, const QString& name, const QStringList& lin
         || (!bytes.contains('\r') && ReadLines(monkey.Club.program.Files, name) == lines);
 }
 
-/// What a step found: the members files and how the years stood.
+/// What a step found: the members files and ledgers, and how the years stood.
 struct Before {
     QMap<QString, QByteArray> MembersFiles; ///< by year; a null array: no file
+    QMap<QString, QByteArray> Ledgers; ///< by name, those that are there
     QStringList Records;
     YearState Year;
     bool YearNoteShown = false;
@@ -309,6 +327,10 @@ Before Remember(const Monkey& monkey)
         before.MembersFiles[QLatin1String(year)]
             = club.Exists(name) ? QByteArray("").append(club.Read(name)) : QByteArray();
     }
+    for (const QString& name :
+        QDir(club.program.Files.DataDirectory)
+            .entryList({ QStringLiteral("Konto*.pz"), QStringLiteral("HandKasse*.pz") }))
+        before.Ledgers[name] = club.Read(name);
     before.Records = club.program.Members.RecordList;
     before.Year = club.program.Year;
     before.YearNoteShown = !club.Control<QLabel>("YearNoteMember")->isHidden();
@@ -355,6 +377,60 @@ void CheckMembersFiles(const Monkey& monkey, const Before& before)
     }
 }
 
+/// Bookings as sorting leaves them, so that they can be found again; nothing for a file that cannot
+/// be loaded.
+std::optional<QStringList> BookingsOf(const QByteArray& bytes)
+{
+    const QString text = DecodeAnsi(bytes);
+    const QString end = text.contains(u'\r') ? QStringLiteral("\r\n") : QStringLiteral("\n");
+    QStringList lines = text.split(end);
+    lines.erase(std::find(lines.begin(), lines.end(), QString()), lines.end());
+    const bool loads = std::none_of(lines.begin(), lines.end(),
+        [](const QString& line) { return line.contains(u'\n') || line.size() > LongestLine; });
+    return loads ? std::optional(SortLedgerByDate(lines)) : std::nullopt;
+}
+
+/// No booking leaves a file unless the user replaced or deleted it, was told, or lent a hand.
+void CheckLedgers(Monkey& monkey, const Before& before, const CashBookState& book_before)
+{
+    const CashBookState& book = monkey.Club.program.CashBook;
+    for (const auto& [old_list, new_list] :
+        { std::pair(book_before.Bank, book.Bank), std::pair(book_before.CashBox, book.CashBox) }) {
+        if (!monkey.LastAction.contains(QStringLiteral("Command12")))
+            break;
+        const QStringList sorted = SortLedgerByDate(old_list.Lines);
+        for (const QString& line : sorted) {
+            if (!new_list.Lines.contains(line))
+                monkey.Replaced += line;
+        }
+    }
+    for (const char* action : { "meddling", "damaging", "starting", "Command11" }) {
+        if (monkey.LastAction.contains(QLatin1String(action)))
+            return;
+    }
+    const Before after = Remember(monkey);
+    for (const QString& name : before.Ledgers.keys()) {
+        const QByteArray& old = before.Ledgers[name];
+        if (old == after.Ledgers.value(name))
+            continue;
+        ++monkey.LedgersWritten;
+        const bool bank = name.startsWith(QStringLiteral("Konto"));
+        const Ledger& list = bank ? book_before.Bank : book_before.CashBox;
+        const std::optional<QStringList> bookings = BookingsOf(old);
+        Check(monkey, bookings || !list.Unread, "a ledger that cannot be loaded is not written");
+        const bool of_this_year = name.contains(list.Year);
+        Check(monkey, of_this_year || before.YearNoteShown || list.Year.isEmpty(),
+            "a save into another year was said beforehand");
+        if (!bookings || !of_this_year || monkey.ErrorSinceLoad)
+            continue;
+        const QStringList now = BookingsOf(after.Ledgers.value(name)).value_or(QStringList());
+        for (const QString& line : *bookings) {
+            Check(monkey, now.contains(line) || monkey.Replaced.contains(line),
+                "no booking leaves a file unless the user replaced or deleted it");
+        }
+    }
+}
+
 void CheckPromises(Monkey& monkey)
 {
     const Program& program = monkey.Club.program;
@@ -389,6 +465,22 @@ void CheckPromises(Monkey& monkey)
     Check(monkey, strangers.isEmpty(), "no file of ours lies among the data");
 }
 
+/// How many bookings more one list holds; nothing when it was read for another year.
+qsizetype Growth(const Ledger& before, const Ledger& after)
+{
+    return before.Year == after.Year ? after.Lines.size() - before.Lines.size() : 0;
+}
+
+/// A list is read for another year only when its own is neither the chosen nor the loaded one.
+void CheckLedgerYear(const Monkey& monkey, const Ledger& before, const Ledger& after)
+{
+    const YearState& year = monkey.Club.program.Year;
+    Check(monkey,
+        before.Year == after.Year || IsOfAnotherYear(before, year.YearText, year.LoadedYear)
+            || before.Lines.isEmpty(),
+        "a list of the chosen or of the loaded year stays");
+}
+
 /// What may change in the ledgers in one step: one booking more or less, or a whole reload.
 void CheckLedgerSteps(Monkey& monkey, const CashBookState& before, const QString& loaded_before)
 {
@@ -398,12 +490,15 @@ void CheckLedgerSteps(Monkey& monkey, const CashBookState& before, const QString
         || monkey.LastAction.contains(QStringLiteral("Command2"))
         || monkey.LastAction.contains(QStringLiteral("Command15"))
         || monkey.LastAction.contains(QStringLiteral("Command11"))
+        || monkey.LastAction.contains(QStringLiteral("reading")) // a link presses Command15
         || monkey.LastAction.contains(QStringLiteral("Text1("))
         || loaded_before != monkey.Club.program.Year.LoadedYear;
     if (reloaded)
         return;
-    const qsizetype bank = after.Bank.Lines.size() - before.Bank.Lines.size();
-    const qsizetype cash = after.CashBox.Lines.size() - before.CashBox.Lines.size();
+    CheckLedgerYear(monkey, before.Bank, after.Bank);
+    CheckLedgerYear(monkey, before.CashBox, after.CashBox);
+    const qsizetype bank = Growth(before.Bank, after.Bank);
+    const qsizetype cash = Growth(before.CashBox, after.CashBox);
     Check(monkey, qAbs(bank) + qAbs(cash) <= 1, "at most one booking comes or goes in a step");
     const bool removed = bank < 0 || cash < 0;
     Check(monkey, !removed || monkey.LastAction.contains(QStringLiteral("Command12(1)")),
@@ -502,6 +597,7 @@ int main(int argument_count, char** arguments)
         CheckMembersFiles(monkey, members_before);
         if (monkey.LastAction == QStringLiteral("pressing Command4") && monkey.Club.Boxes.isEmpty())
             monkey.ErrorSinceLoad = false;
+        CheckLedgers(monkey, members_before, before);
         CheckLedgerSteps(monkey, before, loaded_before);
         CheckPromises(monkey);
         if (redraw)
@@ -513,8 +609,8 @@ int main(int argument_count, char** arguments)
     if (qEnvironmentVariableIsSet("MONKEY_TELLS")) {
         for (auto action = monkey.Done.cbegin(); action != monkey.Done.cend(); ++action)
             std::printf("%6d %s\n", action.value(), qPrintable(action.key()));
-        std::printf("%6d boxes\n%6d checks of lists against files\n", monkey.BoxCount,
-            monkey.SettledChecks);
+        std::printf("%6d boxes\n%6d checks of lists against files\n%6d ledgers written\n",
+            monkey.BoxCount, monkey.SettledChecks, monkey.LedgersWritten);
     }
     if (steps >= 1000 && (monkey.SettledChecks < steps / 10 || monkey.BoxCount == 0))
         Fail(monkey, QStringLiteral("the walk was too quiet to prove anything"));
