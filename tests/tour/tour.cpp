@@ -35,6 +35,7 @@ void Tour::Start(const QDate& today, const QList<ExpectedBox>& boxes)
     program->Files.DataDirectory = Club.Path;
     program->Files.StateDirectory = Folder.filePath(QStringLiteral("state"));
     program->Today = [today] { return today; };
+    program->Files.History->Now = [today] { return QDateTime(today, QTime(14, 3)); };
     program->Backup.FindDrive = [this] { return StickPath(); };
     BuildMainWindow(*program);
     QMainWindow* window = program->Window.Window;

@@ -25,19 +25,25 @@ private Q_SLOTS:
     void cleanup();
     void cleanupTestCase();
 
-    // tour_members.cpp
+    // tour_members.cpp; what "Mehr" leads to in between, and below, is tour_more.cpp
     void the_first_start_shows_the_members();
+    void the_check_report_finds_what_was_planted();
+    void the_reports_link_leads_to_the_booking_to_correct();
     void a_telephone_number_is_corrected();
     void a_new_member_lacks_last_years_line();
+    void both_years_lists_stand_side_by_side();
     void last_year_gets_the_new_members_line();
     void a_member_entered_by_mistake_is_deleted();
     void the_new_members_readings_are_entered();
+    void an_exchanged_meter_is_reckoned_in();
 
     // tour_bills.cpp
     void prices_and_dates_are_saved();
     void the_bank_is_changed();
     void the_bills_are_paged_through();
     void the_bills_are_printed();
+    void each_member_gets_a_file();
+    void a_code_to_pay_by_stands_on_the_page();
 
     // tour_cashbook.cpp
     void the_bank_account_shows_the_years_bookings();
@@ -52,6 +58,7 @@ private Q_SLOTS:
     void the_cash_report_is_made_for_the_auditors();
     void the_cash_book_lists_every_booking();
     void the_years_stand_side_by_side();
+    void the_history_tells_what_was_done();
 
     // tour_backup.cpp
     void the_data_are_saved_on_the_stick();
@@ -66,6 +73,7 @@ private Q_SLOTS:
 
     // tour_new_year.cpp
     void a_new_year_carries_everything_over();
+    void the_next_readings_are_typed_into_one_table();
     void the_bank_is_booked_for_a_whole_year();
     void the_cash_box_is_carried_over_when_it_is_shown();
     void the_old_year_can_still_be_seen();
@@ -91,6 +99,9 @@ private:
     /// Types a booking into the entry fields, key by key as the treasurer does it, "OK" included.
     void Book(const QString& date, const QString& text, const QString& deposit,
         const QString& withdrawal);
+
+    /// Opens the menu of "Mehr" and clicks the entry of that object name.
+    void PickMore(const QString& entry);
 
     /// Opens a report by "Mehr" and the underlined letter of its entry.
     OpenedReport& OpenByMore(Qt::Key letter, const QString& kind);

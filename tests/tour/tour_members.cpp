@@ -37,7 +37,6 @@ void Tour::the_first_start_shows_the_members()
     QCOMPARE(Text(u"Text1(1)"_s), u"2171"_s);
     QCOMPARE(Text(u"Text1(2)"_s), u"191"_s);
     QCOMPARE(Text(u"Text1(5)"_s), u"13"_s);
-    User->Picture(OutPath(u"stammdaten.png"_s));
 }
 
 void Tour::a_telephone_number_is_corrected()

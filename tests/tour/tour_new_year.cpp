@@ -109,8 +109,8 @@ void Tour::the_cash_box_is_carried_over_when_it_is_shown()
 {
     User->Expect(u"Hinweis"_s, NewYearNotice, u"OK"_s);
     User->Click(u"Command15"_s);
-    Club.Append(u"HandKasse2027.pz"_s, u"04.01.2027;Übertrag Saldo 2026;90,55;0,00"_s);
-    QCOMPARE(Text(u"BalanceLabel"_s), u"90,55 €"_s);
+    Club.Append(u"HandKasse2027.pz"_s, u"04.01.2027;Übertrag Saldo 2026;89,55;0,00"_s);
+    QCOMPARE(Text(u"BalanceLabel"_s), u"89,55 €"_s);
 }
 
 void Tour::the_old_year_can_still_be_seen()
@@ -121,6 +121,7 @@ void Tour::the_old_year_can_still_be_seen()
     User->Tab(u"Stammdaten"_s);
     User->Click(u"Command3(1)"_s);
     User->Click(u"Command4"_s);
+    User->ClickRow(u"List1"_s, 0);
     QCOMPARE(Text(u"Text1(1)"_s), u"2171"_s);
     User->Tab(u"Kontoführung"_s);
     QCOMPARE(Text(u"BalanceLabel"_s), u"2481,17 €"_s);
