@@ -1,14 +1,14 @@
 // The bookings in memory, each account for itself: days, amounts, texts, balances.
 #include "cashbook/ledger_rows.h"
 #include "check/rules.h"
+#include "check/text_numbers.h"
 #include "data/dates.h"
 #include "data/german_numbers.h"
 
-#include <QHash>
 #include <QSet>
 
-#include <algorithm>
-#include <cmath>
+#include <bit>
+#include <cstdint>
 
 using namespace Qt::StringLiterals;
 
@@ -50,13 +50,13 @@ public:
         if (date != m_date || !m_known) {
             m_date = date;
             m_known = true;
-            m_verdict = Judge(date.toString());
+            m_verdict = Judge(date);
         }
         return m_verdict;
     }
 
 private:
-    Verdict Judge(const QString& text) const
+    Verdict Judge(QStringView text) const
     {
         if (!IsWellFormedDate(text))
             return Verdict::NoDay;
@@ -111,6 +111,15 @@ void AddNoNumber(Findings& findings, std::size_t account, std::size_t row,
                 account, static_cast<qsizetype>(row), deposit ? u"Text10(2)"_s : u"Text10(3)"_s) });
 }
 
+/// One amount above zero, the other zero, and a text.
+bool IsOrdinary(const CheckBooking& booking)
+{
+    const BookedAmount& in = booking.deposit;
+    const BookedAmount& out = booking.withdrawal;
+    return in.is_number && out.is_number && in.sign >= 0 && out.sign >= 0 && in.sign + out.sign == 1
+        && !booking.text.isEmpty();
+}
+
 void CheckOneOdd(
     Findings& findings, std::size_t account, std::size_t row, const CheckBooking& booking)
 {
@@ -122,6 +131,8 @@ void CheckOneOdd(
                 u"Klicken Sie die Buchung an und berichtigen Sie sie."_s },
             BookingRow(account, row, booking));
     };
+    if (IsOrdinary(booking))
+        return;
     for (const BookedAmount* amount : { &in, &out }) {
         if (amount->is_number && amount->sign < 0)
             add(u"C46a"_s, u"Negativer Betrag %1."_s.arg(amount->text));
@@ -145,26 +156,58 @@ bool SameBooking(const CheckBooking& a, const CheckBooking& b)
         && same(a.withdrawal, b.withdrawal);
 }
 
+/// The bookings seen so far, by day and text: a table of twice as many places as there are
+/// bookings, each booking at the first free place from its own on.
+class SeenBookings {
+public:
+    explicit SeenBookings(const std::vector<CheckBooking>& rows)
+        : m_rows(rows)
+        , m_keys(rows.size())
+        , m_places(std::bit_ceil(2 * rows.size() + 1))
+    {
+    }
+
+    /// True when the same booking was seen before.
+    bool See(std::size_t row)
+    {
+        const CheckBooking& booking = m_rows[row];
+        const std::size_t mask = m_places.size() - 1;
+        m_keys[row] = KeyOf(booking);
+        std::size_t place = m_keys[row] & mask;
+        for (; m_places[place] != 0; place = (place + 1) & mask) {
+            const std::size_t other = m_places[place] - 1;
+            if (m_keys[other] == m_keys[row] && SameBooking(m_rows[other], booking))
+                return true;
+        }
+        m_places[place] = static_cast<std::uint32_t>(row + 1);
+        return false;
+    }
+
+private:
+    /// Day and text stand side by side in their line; a text that is missing begins nowhere.
+    static std::size_t KeyOf(const CheckBooking& booking)
+    {
+        return SpreadText(booking.text.isNull()
+                ? booking.date
+                : QStringView(booking.date.begin(), booking.text.end()));
+    }
+
+    const std::vector<CheckBooking>& m_rows;
+    std::vector<std::size_t> m_keys;
+    std::vector<std::uint32_t> m_places; ///< rows counted from 1; 0: free
+};
+
 /// Lines stand in the order of their days; those typed since stand behind, so all are compared.
 void CheckTwice(Findings& findings, std::size_t account, const CheckBookings& bookings)
 {
-    QMultiHash<size_t, std::size_t> seen;
-    seen.reserve(static_cast<qsizetype>(bookings.Rows.size()));
+    SeenBookings seen(bookings.Rows);
     for (std::size_t row = 0; row < bookings.Rows.size(); ++row) {
         const CheckBooking& booking = bookings.Rows[row];
-        if (booking.carried_over)
-            continue;
-        const size_t key = qHash(booking.date, qHash(booking.text));
-        const auto [begin, end] = seen.equal_range(key);
-        const bool twice = std::any_of(begin, end,
-            [&](std::size_t other) { return SameBooking(bookings.Rows[other], booking); });
-        if (twice)
+        if (!booking.carried_over && seen.See(row))
             AddTo(findings,
                 { u"C46e"_s, Level::Warning, u"Zweimal gleich gebucht."_s,
                     u"Löschen Sie eine davon, wenn sie nur einmal vorkam."_s },
                 BookingRow(account, row, booking));
-        else
-            seen.insert(key, row);
     }
 }
 

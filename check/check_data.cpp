@@ -8,38 +8,37 @@
 #include "settings/ini_file.h"
 #include "statement/statement_pages.h"
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
 
-std::vector<CheckMember> Split(const QStringList& lines)
+/// So many positions that fit: counted in runs that a byte can count, which is quickest.
+template <typename Fits> qsizetype CountWhere(qsizetype size, Fits fits)
 {
-    std::vector<CheckMember> members;
-    members.reserve(static_cast<std::size_t>(lines.size()));
-    for (const QString& line : lines) {
-        MemberRecord fields = SplitRecord(line);
-        const bool whole = fields.size() == MemberFieldCount;
-        members.push_back({ std::move(fields), whole });
+    constexpr qsizetype run = 192;
+    qsizetype count = 0;
+    for (qsizetype begin = 0; begin < size; begin += run) {
+        const qsizetype end = std::min(begin + run, size);
+        unsigned char in_run = 0;
+        for (qsizetype i = begin; i < end; ++i)
+            in_run = static_cast<unsigned char>(in_run + (fits(i) ? 1 : 0));
+        count += in_run;
     }
-    return members;
+    return count;
 }
 
 /// A CR without LF behind it, or CR LF in one place and a lone LF in another.
 bool HasTornLines(const QByteArray& bytes)
 {
-    bool pairs = false;
-    bool lone_feeds = false;
-    qsizetype behind = 0; // the last CR
-    for (qsizetype feed = bytes.indexOf('\n'); feed >= 0; feed = bytes.indexOf('\n', feed + 1)) {
-        const bool pair = feed > 0 && bytes[feed - 1] == '\r';
-        pairs = pairs || pair;
-        lone_feeds = lone_feeds || !pair;
-        const qsizetype lone_return = bytes.indexOf('\r', behind);
-        if (lone_return >= 0 && lone_return < feed - (pair ? 1 : 0))
-            return true;
-        behind = feed + 1;
-    }
-    return bytes.indexOf('\r', behind) >= 0 || (pairs && lone_feeds);
+    const char* signs = bytes.constData(); // a NUL stands behind the last
+    const qsizetype returns
+        = CountWhere(bytes.size(), [&](qsizetype i) { return signs[i] == '\r'; });
+    const qsizetype feeds = CountWhere(bytes.size(), [&](qsizetype i) { return signs[i] == '\n'; });
+    const qsizetype pairs = CountWhere(
+        bytes.size(), [&](qsizetype i) { return (signs[i] == '\r') & (signs[i + 1] == '\n'); });
+    return returns > pairs || (pairs > 0 && feeds > pairs);
 }
 
 RawFile ReadRaw(const DataFiles& files, const QString& name)
@@ -159,10 +158,10 @@ CheckData MakeCheckData(const CheckSource& source)
     data.Year = source.LoadedYear.isEmpty() ? source.YearText : source.LoadedYear;
     data.LastYear = PreviousYear(data.Year);
     data.FollowingYear = NextYear(data.Year);
-    data.Members = Split(source.Members.RecordList);
+    data.Members = TakeMembersApart(source.Members.RecordList, PlotSize);
     data.LastYearRead = source.Members.PreviousYearRead && !source.Members.PreviousYearMissing;
     if (data.LastYearRead)
-        data.LastYearMembers = Split(source.Members.PreviousYearList);
+        data.LastYearMembers = TakeMembersApart(source.Members.PreviousYearList, ElectricityStart);
     data.Pairs = ComparePersons(data.Members, data.LastYearMembers);
     ReadFiles(data);
     ReadLastYearSettings(data);
@@ -177,13 +176,18 @@ CheckData MakeCheckData(const CheckSource& source)
 
 QString DisplayName(const CheckMember& member, qsizetype place)
 {
-    const QString surname = FieldOf(member, Surname);
-    const QString first = FieldOf(member, FirstName);
-    if (surname.trimmed().isEmpty() && first.trimmed().isEmpty())
+    return DisplayName(FieldOf(member, Surname), FieldOf(member, FirstName), place);
+}
+
+QString DisplayName(const QString& surname, const QString& first_name, qsizetype place)
+{
+    if (surname.trimmed().isEmpty() && first_name.trimmed().isEmpty())
         return u"Platz %1"_s.arg(place + 1);
-    if (first.isEmpty() || surname.isEmpty())
-        return surname + first;
-    return surname + u", "_s + first;
+    QString name;
+    name += surname; // a text of its own: fields are parts of lines
+    if (!first_name.isEmpty() && !surname.isEmpty())
+        name += u", "_s;
+    return name += first_name;
 }
 
 FindingRow MemberRow(const CheckData& data, qsizetype member, int field, const QString& text)

@@ -100,6 +100,7 @@ CheckData MakeCheckData(const CheckSource& source);
 
 /// "Meier, Anna"; "Platz 3" for a record without a name. place counts from 0.
 QString DisplayName(const CheckMember& member, qsizetype place);
+QString DisplayName(const QString& surname, const QString& first_name, qsizetype place);
 
 /// "Platz 3, Meier, Anna: text", or without the colon when there is no text.
 FindingRow MemberRow(const CheckData& data, qsizetype member, int field, const QString& text = {});

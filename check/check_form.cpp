@@ -39,8 +39,9 @@ void AddUnsavedMember(std::vector<UnsavedPart>& parts, const Program& program)
     const qsizetype place = program.Member.CurrentMember;
     const MemberRecord typed = TypedRecord(program.MembersTab);
     const MemberRecord stored = SplitRecord(program.Members.RecordList.value(place));
-    const QString name = place < 0 ? DisplayName({ typed }, program.Members.RecordList.size())
-                                   : DisplayName({ stored }, place);
+    const MemberRecord& named = place < 0 ? typed : stored;
+    const QString name = DisplayName(FieldOrEmpty(named, Surname), FieldOrEmpty(named, FirstName),
+        place < 0 ? program.Members.RecordList.size() : place);
     const int changed = FirstChangedField(typed, stored, Surname, ElectricityStart);
     if (changed >= 0)
         parts.push_back({ u"Angaben von "_s + name, ControlTarget(ControlOfMemberField(changed)) });

@@ -66,7 +66,8 @@ std::optional<QString> MeantMember(const CheckData& data, const QString& setting
     if (names.size() < 2)
         return std::nullopt;
     std::optional<QString> meant;
-    for (const CheckMember& member : data.Members) {
+    for (std::size_t k = 0; k < data.Members.size(); ++k) {
+        const CheckMember& member = data.Members[k];
         const auto fits = [&](int field, const QString& name) {
             return FieldOf(member, field).trimmed().compare(name.trimmed(), Qt::CaseInsensitive)
                 == 0;
@@ -75,7 +76,7 @@ std::optional<QString> MeantMember(const CheckData& data, const QString& setting
             continue;
         if (meant)
             return std::nullopt;
-        meant = NameEntry(member.Fields);
+        meant = NameEntry(SplitRecord(data.Source.Members.RecordList[static_cast<qsizetype>(k)]));
     }
     return meant;
 }
@@ -116,7 +117,7 @@ struct Line {
 
 std::vector<Line> LinesOf(const CheckMember& member)
 {
-    const QString town = FieldOf(member, Town);
+    const QString& town = FieldOf(member, Town);
     const qsizetype slash = town.indexOf(u'/');
     return { { FieldOf(member, FirstName) + u' ' + FieldOf(member, Surname), Surname },
         { FieldOf(member, Street), Street }, { slash < 0 ? town : town.left(slash), Town },
@@ -137,7 +138,7 @@ void CheckLines(Findings& findings, const CheckMember& member, qsizetype place)
 
 void CheckTelephone(Findings& findings, const CheckMember& member, qsizetype place)
 {
-    const QString telephone = FieldOf(member, Telephone);
+    const QString& telephone = FieldOf(member, Telephone);
     const QString name = DisplayName(member, place);
     const LinkTarget target = MemberTarget(place, Telephone);
     if (telephone.size() > line_width)

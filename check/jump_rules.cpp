@@ -13,11 +13,8 @@ constexpr double square_metres_apart = 50.0;
 constexpr double euros_apart = 20.0;
 
 /// Both above zero, more than three times or less than a third, and that much apart.
-bool FarApart(const QString& now, const QString& before, double apart)
+bool FarApart(const ParsedDouble& a, const QString& before, double apart)
 {
-    if (now == before)
-        return false;
-    const ParsedDouble a = ParseDouble(now);
     const ParsedDouble b = ParseDouble(before);
     if (a.outcome != NumberOutcome::Ok || b.outcome != NumberOutcome::Ok || a.value <= 0.0
         || b.value <= 0.0)
@@ -31,10 +28,12 @@ void CheckJump(const CheckData& data, Findings& findings, qsizetype k, const Che
     const CheckMember& member = data.Members[static_cast<std::size_t>(k)];
     for (const int field :
         { PlotSize, LiabilityPremium, LegalPremium, AccidentPremium, BuildingPremium }) {
-        const QString& now = member.Fields.at(field);
-        const QString& then = before.Fields.at(field);
+        const QString& now = FieldOf(member, field);
+        const QString& then = FieldOf(before, field);
         const bool is_size = field == PlotSize;
-        if (!FarApart(now, then, is_size ? square_metres_apart : euros_apart))
+        if (now == then
+            || !FarApart(
+                NumberIn(member, field), then, is_size ? square_metres_apart : euros_apart))
             continue;
         AddTo(findings,
             { is_size ? u"C13a"_s : u"C13b"_s, Level::Warning,

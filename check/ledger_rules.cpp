@@ -228,7 +228,9 @@ LedgerFileLines ReadLedgerFileLines(const RawFile& file)
     LedgerFileLines lines;
     qsizetype number = 0;
     for (qsizetype begin = 0; begin < file.Bytes.size();) {
-        qsizetype end = file.Bytes.indexOf("\r\n", begin);
+        qsizetype end = file.Bytes.indexOf('\r', begin);
+        while (end >= 0 && (end + 1 == file.Bytes.size() || file.Bytes[end + 1] != '\n'))
+            end = file.Bytes.indexOf('\r', end + 1);
         end = end < 0 ? file.Bytes.size() : end;
         ++number;
         const QByteArrayView line = QByteArrayView(file.Bytes).sliced(begin, end - begin);

@@ -41,15 +41,17 @@ QString NamesText(const CheckData& data, const Places& places)
     return names.join(u", "_s) + u" und "_s + last;
 }
 
-/// The places of each key that is not empty, in the order of their first places.
+/// The places of each key that is not empty, in the order of their first places; of those that may
+/// stand twice.
 template <typename KeyOf>
-std::vector<std::pair<QString, Places>> Grouped(const CheckData& data, KeyOf key_of)
+std::vector<std::pair<QString, Places>> Grouped(
+    const CheckData& data, const std::vector<bool>& may_stand_twice, KeyOf key_of)
 {
     std::vector<std::pair<QString, Places>> groups;
     QHash<QString, std::size_t> known;
-    known.reserve(static_cast<qsizetype>(data.Members.size()));
     for (std::size_t k = 0; k < data.Members.size(); ++k) {
-        const QString key = data.Members[k].Whole ? key_of(data.Members[k]) : QString();
+        const bool counts = may_stand_twice[k] && data.Members[k].Whole;
+        const QString key = counts ? key_of(data.Members[k]) : QString();
         if (key.isEmpty())
             continue;
         const auto group = known.constFind(key);
@@ -66,10 +68,9 @@ std::vector<std::pair<QString, Places>> Grouped(const CheckData& data, KeyOf key
 void CheckTwice(const CheckData& data, Findings& findings)
 {
     const auto key = [](const CheckMember& member) {
-        const QString name = TrimmedName(member);
-        return name == u";"_s ? QString() : name + u';' + Trimmed(member, PlotNumber);
+        return TrimmedName(member) + u';' + Trimmed(member, PlotNumber);
     };
-    for (const auto& [name, places] : Grouped(data, key)) {
+    for (const auto& [name, places] : Grouped(data, data.Pairs.NameTwice, key)) {
         if (places.size() < 2)
             continue;
         const CheckMember& first = data.Members[static_cast<std::size_t>(places.front())];
@@ -88,7 +89,7 @@ void CheckTwice(const CheckData& data, Findings& findings)
 void CheckSharedGardens(const CheckData& data, Findings& findings)
 {
     const auto key = [](const CheckMember& member) { return Trimmed(member, PlotNumber); };
-    for (const auto& [garden, places] : Grouped(data, key)) {
+    for (const auto& [garden, places] : Grouped(data, data.Pairs.GardenTwice, key)) {
         if (places.size() < 2)
             continue;
         QSet<QString> names;
@@ -125,17 +126,22 @@ bool HasBlankAround(const QString& text)
     return !text.isEmpty() && (text.front().isSpace() || text.back().isSpace());
 }
 
-void CheckName(
-    const CheckData& data, Findings& findings, qsizetype k, const QSet<QString>& surnames)
+bool IsNamed(const CheckData& data, const QString& surname)
+{
+    return std::any_of(data.Members.begin(), data.Members.end(),
+        [&](const CheckMember& member) { return FieldOf(member, Surname) == surname; });
+}
+
+void CheckName(const CheckData& data, Findings& findings, qsizetype k)
 {
     const CheckMember& member = data.Members[static_cast<std::size_t>(k)];
-    const QString& surname = member.Fields.at(Surname);
-    const QString& first = member.Fields.at(FirstName);
+    const QString& surname = FieldOf(member, Surname);
+    const QString& first = FieldOf(member, FirstName);
     const auto add
         = [&](const QString& id, Level level, const QString& sentence, const QString& remedy) {
               AddTo(findings, { id, level, sentence, remedy }, MemberRow(data, k, Surname));
           };
-    const QString correct = u"Berichtigen Sie den Namen und drücken Sie „Speichern“."_s;
+    static const QString correct = u"Berichtigen Sie den Namen und drücken Sie „Speichern“."_s;
     if (EndsInOtherDigit(surname))
         add(u"C11a"_s, Level::Warning,
             u"Gedruckt wird %1 mit der Ziffer; nur eine 2 am Ende wird weggelassen."_s.arg(
@@ -146,11 +152,11 @@ void CheckName(
             u"Ein Komma im Namen: Als Ansprechpartner und in der Kontoführung wird das Mitglied "
             "nicht gefunden."_s,
             correct);
-    if (TrimmedName(member) == u";"_s)
+    if (QStringView(surname).trimmed().isEmpty() && QStringView(first).trimmed().isEmpty())
         add(u"C11c"_s, Level::Warning, u"Der Name fehlt."_s, correct);
     else if (HasBlankAround(surname) || HasBlankAround(first))
         add(u"C11c"_s, Level::Warning, u"Leerzeichen vor oder hinter dem Namen."_s, correct);
-    if (surname.size() > 1 && surname.endsWith(u'2') && !surnames.contains(surname.chopped(1)))
+    if (surname.size() > 1 && surname.endsWith(u'2') && !IsNamed(data, surname.chopped(1)))
         add(u"C11d"_s, Level::Hint,
             u"Gedruckt wird %1, ein Mitglied %2 gibt es aber nicht."_s.arg(
                 PrintedName(member, surname.chopped(1)), Quoted(surname.chopped(1))),
@@ -167,11 +173,8 @@ bool ChargesPlots(const PriceSettings& prices)
         || !IsEmptyOrZero(prices.AreaContribution);
 }
 
-bool IsOneToThree(const QString& text)
+bool IsOneToThree(const ParsedDouble& number)
 {
-    if (text == u"1"_s || text == u"2"_s || text == u"3"_s)
-        return true;
-    const ParsedDouble number = ParseDouble(text);
     return number.outcome == NumberOutcome::Ok
         && (number.value == 1.0 || number.value == 2.0 || number.value == 3.0);
 }
@@ -179,16 +182,16 @@ bool IsOneToThree(const QString& text)
 void CheckPlot(const CheckData& data, Findings& findings, qsizetype k, bool charged)
 {
     const CheckMember& member = data.Members[static_cast<std::size_t>(k)];
-    const QString& garden = member.Fields.at(PlotNumber);
-    const QString& size = member.Fields.at(PlotSize);
-    if (!garden.trimmed().isEmpty() && charged && IsEmptyOrZero(size))
+    const QStringView garden = QStringView(FieldOf(member, PlotNumber)).trimmed();
+    const bool no_size = IsEmptyOrZero(member, PlotSize);
+    if (!garden.isEmpty() && charged && no_size)
         AddTo(findings,
             { u"C12a"_s, Level::Warning,
                 u"Garten %1 hat keine Größe und zahlt weder Pacht noch Steuer noch "
-                "Flächenbeitrag."_s.arg(garden.trimmed()),
+                "Flächenbeitrag."_s.arg(garden),
                 fill_field },
             MemberRow(data, k, PlotSize));
-    if (garden.trimmed().isEmpty() && !IsEmptyOrZero(size))
+    if (garden.isEmpty() && !no_size)
         AddTo(findings, { u"C12b"_s, Level::Hint, u"Die Gartennummer fehlt."_s, fill_field },
             MemberRow(data, k, PlotNumber));
 }
@@ -196,16 +199,16 @@ void CheckPlot(const CheckData& data, Findings& findings, qsizetype k, bool char
 void CheckAddress(const CheckData& data, Findings& findings, qsizetype k)
 {
     const CheckMember& member = data.Members[static_cast<std::size_t>(k)];
-    const std::pair<int, QString> lines[] { { Street, u"Straße"_s }, { Town, u"Ort"_s } };
+    static const std::pair<int, QString> lines[] { { Street, u"Straße"_s }, { Town, u"Ort"_s } };
     for (const auto& [field, caption] : lines) {
-        if (member.Fields.at(field).trimmed().isEmpty())
+        if (QStringView(FieldOf(member, field)).trimmed().isEmpty())
             AddTo(findings,
                 { u"C12c"_s, Level::Hint, caption + u" fehlt im Anschriftenfeld der Abrechnung."_s,
                     fill_field },
                 MemberRow(data, k, field));
     }
-    const QString& instalments = member.Fields.at(Instalments);
-    if (!instalments.isEmpty() && !IsOneToThree(instalments))
+    const QString& instalments = FieldOf(member, Instalments);
+    if (!instalments.isEmpty() && !IsOneToThree(NumberIn(member, Instalments)))
         AddTo(findings,
             { u"C12d"_s, Level::Hint,
                 u"Ratenzahlung %1; auf der Abrechnung steht immer „3 Monatsratenzahlung“."_s.arg(
@@ -228,13 +231,9 @@ void CheckNames(const CheckData& data, Findings& findings)
 {
     if (data.MembersUnsafe)
         return;
-    QSet<QString> surnames;
-    surnames.reserve(static_cast<qsizetype>(data.Members.size()));
-    for (const CheckMember& member : data.Members)
-        surnames.insert(FieldOf(member, Surname));
     for (std::size_t k = 0; k < data.Members.size(); ++k) {
         if (data.Members[k].Whole)
-            CheckName(data, findings, static_cast<qsizetype>(k), surnames);
+            CheckName(data, findings, static_cast<qsizetype>(k));
     }
 }
 

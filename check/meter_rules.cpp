@@ -11,34 +11,42 @@ namespace {
 
 constexpr float far_apart = 3.0F; // times
 
+/// A meter reading.
+struct Reading {
+    const QString& text;
+    const ParsedDouble& number;
+};
+
 /// A member's readings of one meter beside those of the same garden last year.
 struct Readings {
     qsizetype member = 0;
-    QString start;
-    QString end;
-    QString last_start; ///< empty without a line of last year
-    QString last_end;
+    Reading start;
+    Reading end;
+    Reading last_start; ///< empty without a line of last year
+    Reading last_end;
 };
+
+Reading ReadingIn(const CheckMember& member, MemberField field)
+{
+    return { FieldOf(member, field), NumberIn(member, field) };
+}
 
 Readings ReadingsOf(const CheckData& data, qsizetype member, const MeterKind& meter)
 {
+    static const CheckMember nobody;
     const CheckMember& here = data.Members[static_cast<std::size_t>(member)];
-    Readings readings { member, FieldOf(here, meter.Start), FieldOf(here, meter.End), {}, {} };
-    if (const qsizetype line = GardenLine(data, member); line >= 0) {
-        const CheckMember& before = data.LastYearMembers[static_cast<std::size_t>(line)];
-        readings.last_start = FieldOf(before, meter.Start);
-        readings.last_end = FieldOf(before, meter.End);
-    }
-    return readings;
+    const qsizetype line = GardenLine(data, member);
+    const CheckMember& before
+        = line < 0 ? nobody : data.LastYearMembers[static_cast<std::size_t>(line)];
+    return { member, ReadingIn(here, meter.Start), ReadingIn(here, meter.End),
+        ReadingIn(before, meter.Start), ReadingIn(before, meter.End) };
 }
 
 /// The difference in single precision, rounded as on the bill; nothing when a reading is no number.
-std::optional<float> Consumption(const QString& start, const QString& end)
+std::optional<float> Consumption(const Reading& start, const Reading& end)
 {
-    if (start.isEmpty() || end.isEmpty())
-        return std::nullopt;
-    const ParsedSingle last = ParseSingle(end);
-    const ParsedSingle first = ParseSingle(start);
+    const ParsedSingle last = Narrowed(end.number);
+    const ParsedSingle first = Narrowed(start.number);
     if (last.outcome != NumberOutcome::Ok || first.outcome != NumberOutcome::Ok)
         return std::nullopt;
     const float difference = last.value - first.value;
@@ -48,8 +56,8 @@ std::optional<float> Consumption(const QString& start, const QString& end)
 /// Compared as read: a difference of less than half a unit falls as well.
 bool Falls(const Readings& readings)
 {
-    const ParsedSingle end = ParseSingle(readings.end);
-    const ParsedSingle start = ParseSingle(readings.start);
+    const ParsedSingle end = Narrowed(readings.end.number);
+    const ParsedSingle start = Narrowed(readings.start.number);
     return end.outcome == NumberOutcome::Ok && start.outcome == NumberOutcome::Ok
         && end.value < start.value;
 }
@@ -128,17 +136,17 @@ void CheckOneConsumption(
     std::optional<float> before = Consumption(readings.last_start, readings.last_end);
     if (before && *before < 0.0F)
         before.reset();
-    const QString amount = u" %1 %2, "_s.arg(TextOfSingle(*used), meter.Unit);
+    const auto amount = [&] { return u" %1 %2, "_s.arg(TextOfSingle(*used), meter.Unit); };
     if (!before) {
         if (*used > meter.NormalYear)
             AddConsumption(data, findings, meter, readings, u"C17b"_s, Level::Warning,
-                amount + u"das ist sehr viel."_s);
+                amount() + u"das ist sehr viel."_s);
         return;
     }
     const bool far = *used > far_apart * *before || far_apart * *used < *before;
     if (far && std::abs(*used - *before) >= meter.Apart)
         AddConsumption(data, findings, meter, readings, u"C17a"_s, Level::Warning,
-            amount + u"%1 waren es %2."_s.arg(data.LastYear, TextOfSingle(*before)));
+            amount() + u"%1 waren es %2."_s.arg(data.LastYear, TextOfSingle(*before)));
     if (*used == 0.0F && *before == 0.0F)
         AddConsumption(data, findings, meter, readings, u"C17c"_s, Level::Hint,
             u" zwei Jahre lang 0; vielleicht steht der Zähler."_s);
@@ -149,22 +157,21 @@ void CheckOneConsumption(
 void CheckOneStart(
     const CheckData& data, Findings& findings, const MeterKind& meter, const Readings& readings)
 {
-    if (readings.start == readings.last_end)
-        return;
-    const ParsedDouble start = ParseDouble(readings.start);
-    const ParsedDouble before = ParseDouble(readings.last_end);
+    const ParsedDouble& start = readings.start.number;
+    const ParsedDouble& before = readings.last_end.number;
     if (start.outcome != NumberOutcome::Ok || before.outcome != NumberOutcome::Ok
         || start.value == before.value)
         return;
     Finding finding { u"C18a"_s, Level::Warning,
         u"Anfangsstand %1 %2, Endstand %3 war %4. Der Unterschied wird nicht oder doppelt "
-        "abgerechnet."_s.arg(meter.Name, readings.start, data.LastYear, readings.last_end),
+        "abgerechnet."_s.arg(
+            meter.Name, readings.start.text, data.LastYear, readings.last_end.text),
         u"Setzen Sie den Anfangsstand auf den Endstand des Vorjahres, außer wenn der Zähler "
         "gewechselt wurde."_s };
     if (start.value <= 0.0) {
         finding = { u"C18b"_s, Level::Hint,
             u"Anfangsstand %1 %2: So steht es nach einem Zählerwechsel. Endstand %3 war %4."_s.arg(
-                meter.Name, readings.start, data.LastYear, readings.last_end) };
+                meter.Name, readings.start.text, data.LastYear, readings.last_end.text) };
     }
     finding.part = meter.Name;
     AddTo(findings, finding, MemberRow(data, readings.member, meter.Start));
@@ -190,9 +197,9 @@ void CheckMissingEnds(const CheckData& data, Findings& findings)
 void CheckMissingStarts(const CheckData& data, Findings& findings)
 {
     ForEachReading(data, [&](const MeterKind& meter, const Readings& readings) {
-        const bool used = !readings.end.isEmpty() || !readings.last_start.isEmpty()
-            || !readings.last_end.isEmpty();
-        if (!readings.start.isEmpty() || !used
+        const bool used = !readings.end.text.isEmpty() || !readings.last_start.text.isEmpty()
+            || !readings.last_end.text.isEmpty();
+        if (!readings.start.text.isEmpty() || !used
             || IsEmptyOrZero(PriceText(data.Source.Prices, meter.Price)))
             return;
         Finding finding { u"C15"_s, Level::Error,
@@ -200,9 +207,9 @@ void CheckMissingStarts(const CheckData& data, Findings& findings)
             u"Tragen Sie als Anfangsstand den Endstand von %1 ein und drücken Sie „OK“."_s.arg(
                 data.LastYear) };
         finding.part = meter.Name;
-        const QString before = readings.last_end.isEmpty()
+        const QString before = readings.last_end.text.isEmpty()
             ? u"Endstand %1 fehlt auch"_s.arg(data.LastYear)
-            : u"Endstand %1 war %2"_s.arg(data.LastYear, readings.last_end);
+            : u"Endstand %1 war %2"_s.arg(data.LastYear, readings.last_end.text);
         AddTo(findings, finding, MemberRow(data, readings.member, meter.Start, before));
     });
 }
@@ -210,7 +217,7 @@ void CheckMissingStarts(const CheckData& data, Findings& findings)
 void CheckFallingReadings(const CheckData& data, Findings& findings)
 {
     ForEachReading(data, [&](const MeterKind& meter, const Readings& readings) {
-        if (readings.start.isEmpty() || readings.end.isEmpty() || !Falls(readings))
+        if (readings.start.text.isEmpty() || readings.end.text.isEmpty() || !Falls(readings))
             return;
         const float used = Consumption(readings.start, readings.end).value_or(0.0F);
         Finding finding { u"C16"_s, Level::Error,
@@ -220,8 +227,8 @@ void CheckFallingReadings(const CheckData& data, Findings& findings)
             "Zählers beim Einbau minus Verbrauch mit dem alten Zähler; er darf unter 0 liegen."_s };
         finding.part = meter.Name;
         AddTo(findings, finding,
-            MemberRow(
-                data, readings.member, meter.End, readings.start + u" bis "_s + readings.end));
+            MemberRow(data, readings.member, meter.End,
+                readings.start.text + u" bis "_s + readings.end.text));
     });
 }
 
@@ -235,7 +242,7 @@ void CheckConsumption(const CheckData& data, Findings& findings)
 void CheckStartReadings(const CheckData& data, Findings& findings)
 {
     ForEachReading(data, [&](const MeterKind& meter, const Readings& readings) {
-        if (!readings.start.isEmpty() && !readings.last_end.isEmpty())
+        if (!readings.start.text.isEmpty() && !readings.last_end.text.isEmpty())
             CheckOneStart(data, findings, meter, readings);
     });
 }

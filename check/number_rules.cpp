@@ -51,15 +51,14 @@ struct FieldCountRule {
 /// "16 statt 16 Felder, unter „Größe“ steht „x“": where a semicolon too many shows first.
 QString SurplusText(const CheckMember& member)
 {
-    const QStringList& fields = member.Fields;
     const auto shifted = std::find_if(NumberFields().begin(), NumberFields().end(),
-        [&](int field) { return IsNoNumber(fields.value(field)); });
+        [&](int field) { return IsNoNumber(FieldOf(member, field)); });
     const int field
         = shifted == NumberFields().end() ? static_cast<int>(MemberFieldCount) : *shifted;
     const QString caption
         = field < MemberFieldCount ? FieldCaption(field) : u"Feld %1"_s.arg(field + 1);
     return u"%1 statt 16 Felder, unter %2 steht %3"_s.arg(
-        QString::number(fields.size()), Quoted(caption), Quoted(fields.value(field)));
+        QString::number(member.FieldCount), Quoted(caption), Quoted(FieldOf(member, field)));
 }
 
 FindingRow RowOf(
@@ -84,7 +83,7 @@ void CheckList(Findings& findings, const std::vector<CheckMember>& list, qsizety
         const CheckMember& member = list[k];
         if (member.Whole)
             continue;
-        if (member.Fields.size() > MemberFieldCount) {
+        if (member.FieldCount > MemberFieldCount) {
             many.rows.push_back(RowOf(member, place, rule, SurplusText(member)));
             continue;
         }
@@ -95,7 +94,7 @@ void CheckList(Findings& findings, const std::vector<CheckMember>& list, qsizety
                       .arg(place + 1)
                 : u"In diesen Zeilen%1 fehlen Felder."_s.arg(rule.list);
         few.rows.push_back(
-            RowOf(member, place, rule, u"%1 statt 16 Felder"_s.arg(member.Fields.size())));
+            RowOf(member, place, rule, u"%1 statt 16 Felder"_s.arg(member.FieldCount)));
     }
     for (Finding* finding : { &few, &many }) {
         if (!finding->rows.empty())
@@ -154,9 +153,9 @@ void CheckMemberNumbers(const CheckData& data, Findings& findings)
         if (!data.Members[k].Whole)
             continue;
         for (const int field : NumberFields()) {
-            const QString& text = data.Members[k].Fields.at(field);
-            if (!IsNoNumber(text))
+            if (!IsNoNumber(data.Members[k], field))
                 continue;
+            const QString& text = FieldOf(data.Members[k], field);
             if (finding.rows.empty())
                 finding.remedy
                     = u"Schreiben Sie Zahlen mit Komma, zum Beispiel %1."_s.arg(ExampleOf(field));
@@ -188,9 +187,9 @@ void CheckLastYearReadings(const CheckData& data, Findings& findings)
     for (std::size_t k = 0; k < places; ++k) {
         const CheckMember& member = data.LastYearMembers[k];
         for (int field = ElectricityStart; member.Whole && field <= WaterEnd; ++field) {
-            const QString& text = member.Fields.at(field);
-            if (!IsNoNumber(text))
+            if (!IsNoNumber(member, field))
                 continue;
+            const QString& text = FieldOf(member, field);
             const Finding finding { u"C08c"_s, Level::Error,
                 u"Im Jahr %1 steht bei einem Zählerstand keine Zahl."_s.arg(data.LastYear),
                 InLastYear(data, u"Zahlen mit Komma schreiben, zum Beispiel 1450, „OK“"_s) };
@@ -263,7 +262,7 @@ void CheckOddNumbers(const CheckData& data, Findings& findings)
         if (!data.Members[k].Whole)
             continue;
         for (const int field : NumberFields()) {
-            const QString& text = data.Members[k].Fields.at(field);
+            const QString& text = FieldOf(data.Members[k], field);
             if (IsReading(field) || IsOrdinary(text))
                 continue;
             const auto rounding = field == PlotSize ? Rounding::AsTyped : Rounding::Rounded;

@@ -103,17 +103,17 @@ void CheckOddTotals(const CheckData& data, Findings& findings)
     for (std::size_t k = 0; k < totals.size() && k < data.Members.size(); ++k) {
         const double total = totals[k];
         const auto member = static_cast<qsizetype>(k);
-        const QString amount = u"Gesamtsumme %1 €"_s.arg(EuroAmount(total));
+        const auto amount = [&] { return u"Gesamtsumme %1 €"_s.arg(EuroAmount(total)); };
         if (RoundTo(total, 2) <= 0.0)
             AddTo(findings,
                 { u"C40a"_s, Level::Warning,
-                    amount + u"; die Abrechnung bittet trotzdem um Überweisung."_s,
+                    amount() + u"; die Abrechnung bittet trotzdem um Überweisung."_s,
                     u"Sehen Sie die Seite an, und schreiben Sie bei einem Guthaben von Hand dazu, "
                     "wie es ausgezahlt wird."_s },
                 BillLine(data, member));
         else if (comparable && usual > 0.0 && total > far_above * usual)
             AddTo(findings,
-                { u"C40b"_s, Level::Hint, amount + u", mehr als das Fünffache der üblichen."_s,
+                { u"C40b"_s, Level::Hint, amount() + u", mehr als das Fünffache der üblichen."_s,
                     u"Prüfen Sie Zählerstände und Beträge."_s },
                 BillLine(data, member));
     }

@@ -1,12 +1,13 @@
 #include "check/persons.h"
 
 #include "check/check_member.h"
-#include "data/german_numbers.h"
+#include "check/text_numbers.h"
 
 #include <QHash>
-#include <QSet>
+#include <QStringView>
 
-using namespace Qt::StringLiterals;
+#include <map>
+#include <utility>
 
 namespace {
 
@@ -15,99 +16,130 @@ constexpr int fewest_matches = 3; // fewer are chance
 
 std::size_t At(qsizetype place) { return static_cast<std::size_t>(place); }
 
-QString Trimmed(const CheckMember& member, int field) { return FieldOf(member, field).trimmed(); }
+/// The texts of both lists by number: equal texts, equal numbers; -1 for the empty text.
+struct Numbered {
+    std::vector<int> here; ///< by place of this year
+    std::vector<int> there; ///< by line of last year
+    int count = 0;
+};
 
-/// Empty for a record without a name: it is nobody.
-QString NameKey(const CheckMember& member)
+QStringView Trimmed(const CheckMember& member, int field)
 {
-    const QString surname = Trimmed(member, Surname);
-    const QString first = Trimmed(member, FirstName);
-    return surname.isEmpty() && first.isEmpty() ? QString() : surname + u';' + first;
+    return QStringView(FieldOf(member, field)).trimmed();
 }
 
-using Counts = QHash<QString, int>;
-
-Counts CountNames(const std::vector<CheckMember>& list)
+/// The field without blanks around.
+Numbered NumberTexts(const std::vector<CheckMember>& members,
+    const std::vector<CheckMember>& last_year, MemberField field)
 {
-    Counts counts;
-    counts.reserve(static_cast<qsizetype>(list.size()));
-    for (const CheckMember& member : list)
-        ++counts[NameKey(member)];
+    Numbered numbered;
+    numbered.here.reserve(members.size());
+    numbered.there.reserve(last_year.size());
+    TextNumbers known(members.size() + last_year.size());
+    const auto number = [&](const CheckMember& member) {
+        const QStringView text = Trimmed(member, field);
+        return text.isEmpty() ? -1 : known.NumberOf(text);
+    };
+    for (const CheckMember& member : members)
+        numbered.here.push_back(number(member));
+    for (const CheckMember& member : last_year)
+        numbered.there.push_back(number(member));
+    numbered.count = known.Count();
+    return numbered;
+}
+
+/// Names of both parts, numbered from the numbers of their parts; -1 where both are empty: that is
+/// nobody.
+Numbered Pair(const Numbered& surnames, const Numbered& first_names)
+{
+    Numbered pairs;
+    QHash<qint64, int> known;
+    known.reserve(static_cast<qsizetype>(surnames.here.size()));
+    const auto number = [&](int surname, int first_name) {
+        if (surname < 0 && first_name < 0)
+            return -1;
+        const qint64 key = (qint64 { surname } << 32) + first_name;
+        int& found = known[key];
+        if (found == 0)
+            found = ++pairs.count;
+        return found - 1;
+    };
+    for (std::size_t place = 0; place < surnames.here.size(); ++place)
+        pairs.here.push_back(number(surnames.here[place], first_names.here[place]));
+    for (std::size_t line = 0; line < surnames.there.size(); ++line)
+        pairs.there.push_back(number(surnames.there[line], first_names.there[line]));
+    return pairs;
+}
+
+std::vector<int> CountNumbers(const std::vector<int>& numbers, int count)
+{
+    std::vector<int> counts(static_cast<std::size_t>(count));
+    for (const int number : numbers) {
+        if (number >= 0)
+            ++counts[static_cast<std::size_t>(number)];
+    }
     return counts;
 }
 
-/// Names that stand more than once in one of the lists.
-QSet<QString> SharedNames(
-    const std::vector<CheckMember>& members, const std::vector<CheckMember>& last_year)
+std::vector<bool> StandTwice(const std::vector<int>& numbers, const std::vector<int>& counts)
 {
-    QSet<QString> shared;
-    for (const std::vector<CheckMember>* list : { &members, &last_year }) {
-        const Counts counts = CountNames(*list);
-        if (counts.size() == static_cast<qsizetype>(list->size()))
-            continue; // every name stands once
-        for (auto name = counts.cbegin(); name != counts.cend(); ++name) {
-            if (name.value() > 1)
-                shared.insert(name.key());
-        }
-    }
-    return shared;
+    std::vector<bool> twice;
+    twice.reserve(numbers.size());
+    for (const int number : numbers)
+        twice.push_back(number >= 0 && counts[static_cast<std::size_t>(number)] > 1);
+    return twice;
 }
 
-void NumberPersons(std::vector<int>& ids, const std::vector<CheckMember>& list, Counts& known,
-    const QSet<QString>& shared)
+/// A name that stands more than once in one of the lists is told by its garden too.
+void NumberPersons(Persons& persons, const Numbered& names, const Numbered& gardens)
 {
-    ids.reserve(list.size());
-    for (const CheckMember& member : list) {
-        QString key = NameKey(member);
-        if (key.isEmpty()) {
-            ids.push_back(-1);
-            continue;
-        }
-        if (shared.contains(key))
-            key += u';' + Trimmed(member, PlotNumber);
-        const auto number = known.constFind(key);
-        ids.push_back(number != known.cend() ? *number : static_cast<int>(known.size()));
-        if (number == known.cend())
-            known.insert(key, ids.back());
-    }
+    const std::vector<int> here = CountNumbers(names.here, names.count);
+    const std::vector<int> there = CountNumbers(names.there, names.count);
+    std::map<std::pair<int, int>, int> shared; // few
+    const auto person = [&](int name, int garden) {
+        const auto index = static_cast<std::size_t>(name);
+        if (name < 0 || (here[index] < 2 && there[index] < 2))
+            return name;
+        return shared.try_emplace({ name, garden }, names.count + static_cast<int>(shared.size()))
+            .first->second;
+    };
+    for (std::size_t place = 0; place < names.here.size(); ++place)
+        persons.Ids.push_back(person(names.here[place], gardens.here[place]));
+    for (std::size_t line = 0; line < names.there.size(); ++line)
+        persons.LastYearIds.push_back(person(names.there[line], gardens.there[line]));
+    persons.NameTwice = StandTwice(names.here, here);
 }
 
-/// The places of the gardens that stand once in the list; -1 for those that stand more often.
-QHash<QString, qsizetype> PlacesOfGardens(const std::vector<CheckMember>& list)
+/// By number the place where it stands first, -1: nowhere.
+std::vector<qsizetype> PlacesOf(const std::vector<int>& numbers, std::size_t count)
 {
-    QHash<QString, qsizetype> places;
-    places.reserve(static_cast<qsizetype>(list.size()));
-    for (std::size_t place = 0; place < list.size(); ++place) {
-        const QString garden = Trimmed(list[place], PlotNumber);
-        if (garden.isEmpty())
-            continue;
-        const auto known = places.find(garden);
-        if (known == places.end())
-            places.insert(garden, static_cast<qsizetype>(place));
-        else
-            *known = -1;
+    std::vector<qsizetype> places(count, -1);
+    for (std::size_t place = numbers.size(); place-- > 0;) {
+        if (numbers[place] >= 0)
+            places[static_cast<std::size_t>(numbers[place])] = static_cast<qsizetype>(place);
     }
     return places;
 }
 
-void FindGardenLines(Persons& persons, const std::vector<CheckMember>& members,
-    const std::vector<CheckMember>& last_year)
+/// The line of the garden, where it stands once in either list; else that of the person.
+void FindGardenLines(Persons& persons, const Numbered& gardens, std::size_t persons_at_most)
 {
-    const QHash<QString, qsizetype> here = PlacesOfGardens(members);
-    const QHash<QString, qsizetype> there = PlacesOfGardens(last_year);
-    QHash<int, qsizetype> lines;
-    for (std::size_t line = last_year.size(); line-- > 0;)
-        lines.insert(persons.LastYearIds[line], static_cast<qsizetype>(line));
-    persons.GardenLines.reserve(members.size());
-    for (std::size_t place = 0; place < members.size(); ++place) {
-        const QString garden = Trimmed(members[place], PlotNumber);
+    const std::vector<int> here = CountNumbers(gardens.here, gardens.count);
+    const std::vector<int> there = CountNumbers(gardens.there, gardens.count);
+    const auto lines = PlacesOf(gardens.there, static_cast<std::size_t>(gardens.count));
+    const auto lines_of_persons = PlacesOf(persons.LastYearIds, persons_at_most);
+    persons.GardenLines.reserve(persons.Ids.size());
+    for (std::size_t place = 0; place < persons.Ids.size(); ++place) {
+        const int garden = gardens.here[place];
+        const auto index = static_cast<std::size_t>(garden);
         qsizetype line = -1;
-        if (!garden.isEmpty() && here.value(garden, -1) >= 0)
-            line = there.value(garden, -1);
+        if (garden >= 0 && here[index] == 1 && there[index] == 1)
+            line = lines[index];
         if (line < 0 && persons.Ids[place] >= 0)
-            line = lines.value(persons.Ids[place], -1);
+            line = lines_of_persons[static_cast<std::size_t>(persons.Ids[place])];
         persons.GardenLines.push_back(line);
     }
+    persons.GardenTwice = StandTwice(gardens.here, here);
 }
 
 /// The meters go on: at least one start is last year's end at that place, and none is another.
@@ -116,12 +148,12 @@ bool MetersGoOn(const CheckMember& member, const CheckMember& before)
     bool goes_on = false;
     for (const auto& [start, end] :
         { std::pair { ElectricityStart, ElectricityEnd }, std::pair { WaterStart, WaterEnd } }) {
-        const QString begin = FieldOf(member, start);
-        const QString last = FieldOf(before, end);
+        const QString& begin = FieldOf(member, start);
+        const QString& last = FieldOf(before, end);
         if (begin.isEmpty() || last.isEmpty())
             continue;
-        const ParsedDouble a = ParseDouble(begin);
-        const ParsedDouble b = ParseDouble(last);
+        const ParsedDouble& a = NumberIn(member, start);
+        const ParsedDouble& b = NumberIn(before, end);
         const bool numbers = a.outcome == NumberOutcome::Ok && b.outcome == NumberOutcome::Ok;
         if (numbers ? a.value != b.value : begin != last)
             return false;
@@ -132,8 +164,8 @@ bool MetersGoOn(const CheckMember& member, const CheckMember& before)
 
 bool IsTenantChange(const CheckMember& member, const CheckMember& before)
 {
-    const QString garden = Trimmed(member, PlotNumber);
-    const QString garden_before = Trimmed(before, PlotNumber);
+    const QStringView garden = Trimmed(member, PlotNumber);
+    const QStringView garden_before = Trimmed(before, PlotNumber);
     if (garden == garden_before && !garden.isEmpty())
         return true;
     return (garden.isEmpty() || garden_before.isEmpty()) && MetersGoOn(member, before);
@@ -187,12 +219,12 @@ Persons ComparePersons(
     const std::vector<CheckMember>& members, const std::vector<CheckMember>& last_year)
 {
     Persons persons;
-    const QSet<QString> shared = SharedNames(members, last_year);
-    Counts known;
-    known.reserve(static_cast<qsizetype>(members.size()));
-    NumberPersons(persons.Ids, members, known, shared);
-    NumberPersons(persons.LastYearIds, last_year, known, shared);
-    FindGardenLines(persons, members, last_year);
+    const Numbered names = Pair(
+        NumberTexts(members, last_year, Surname), NumberTexts(members, last_year, FirstName));
+    const Numbered gardens = NumberTexts(members, last_year, PlotNumber);
+    NumberPersons(persons, names, gardens);
+    FindGardenLines(persons, gardens,
+        static_cast<std::size_t>(names.count) + members.size() + last_year.size());
     persons.TenantChanges.assign(members.size(), false);
     persons.Explained.assign(members.size(), false);
     std::optional<qsizetype> first_other;

@@ -24,6 +24,8 @@ struct Persons {
     std::vector<bool> TenantChanges; ///< by place of this year
     std::optional<Shift> Shifted;
     std::vector<bool> Explained; ///< by place: the shift says why its person is another one
+    std::vector<bool> NameTwice; ///< by place: that name stands in this year's list more than once
+    std::vector<bool> GardenTwice; ///< the same of the plot number
 };
 
 /// Persons are told by surname and first name without blanks around; by the garden too where a name

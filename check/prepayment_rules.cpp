@@ -68,19 +68,14 @@ void CheckOneDeductionTick(const CheckData& data, Findings& findings, std::size_
 
 // --- deductions that get lost -----------------------------------------------------------------
 
-bool BothReadAndDifferent(const CheckMember& member, const MeterKind& meter)
-{
-    const QString start = FieldOf(member, meter.Start);
-    const QString end = FieldOf(member, meter.End);
-    return !start.isEmpty() && !end.isEmpty() && start != end;
-}
-
 void AddMissingPrice(const CheckData& data, Findings& findings, const MeterKind& meter)
 {
     const std::size_t places = std::min(data.Members.size(), data.LastYearMembers.size());
     const auto end = data.LastYearMembers.begin() + static_cast<std::ptrdiff_t>(places);
-    const bool used = std::any_of(data.LastYearMembers.begin(), end,
-        [&](const CheckMember& member) { return BothReadAndDifferent(member, meter); });
+    const bool used
+        = std::any_of(data.LastYearMembers.begin(), end, [&](const CheckMember& member) {
+              return AreFilledAndDifferent(member, meter.Start, meter.End);
+          });
     if (!used)
         return;
     Finding finding { u"C25a"_s, Level::Warning,

@@ -14,19 +14,14 @@ namespace {
 constexpr std::size_t charged_prices = 7;
 constexpr double far_apart = 3.0; // times
 
-bool HasAllReadings(const CheckMember& member, const MeterKind& meter)
-{
-    const QString start = FieldOf(member, meter.Start);
-    const QString end = FieldOf(member, meter.End);
-    return !start.isEmpty() && !end.isEmpty() && start != end;
-}
-
 void CheckMeterPrice(const CheckData& data, Findings& findings, const MeterKind& meter)
 {
     if (!IsEmptyOrZero(PriceText(data.Source.Prices, meter.Price)))
         return;
-    const auto used = std::count_if(data.Members.begin(), data.Members.end(),
-        [&](const CheckMember& member) { return HasAllReadings(member, meter); });
+    const auto used
+        = std::count_if(data.Members.begin(), data.Members.end(), [&](const CheckMember& member) {
+              return AreFilledAndDifferent(member, meter.Start, meter.End);
+          });
     if (used == 0)
         return;
     Finding finding { u"C27b"_s, Level::Error,

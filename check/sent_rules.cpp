@@ -28,8 +28,10 @@ void CheckSentBills(const CheckData& data, Findings& findings)
     finding.remedy = u"Drucken Sie sie noch einmal und tauschen Sie sie aus. War die Änderung ein "
                      "Versehen: unter „Mehr“, „Verlauf …“ steht der frühere Stand."_s;
     for (qsizetype i = 0; i < sent.size() && i < statement.DrawnTotals.size(); ++i) {
+        if (!sent[i])
+            continue;
         const QString total = ShownTotal(statement.DrawnTotals[i]);
-        if (sent[i] && sent[i]->Bill.Total != total)
+        if (sent[i]->Bill.Total != total)
             AddTo(findings, finding, { RowText(*sent[i], total), { LinkKind::BillPage, {}, i } });
     }
 }

@@ -11,6 +11,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int widest_character = 12; // page pixels, at the bill's small size
+constexpr int address_width = 290; // page pixels
 constexpr double widest_sure_amount = 1e8; // "100000000,00" stays in its cell
 
 /// How far a text of the page may reach.
@@ -122,10 +123,10 @@ bool MayBeWide(const CheckData& data, qsizetype k, double largest_price)
 {
     const CheckMember& member = data.Members[static_cast<std::size_t>(k)];
     const auto large = [&](int field, double price) {
-        const QString& text = member.Fields.at(field);
+        const QString& text = FieldOf(member, field);
         if (text.size() <= 4 && price <= widest_sure_amount / 1e4)
             return false;
-        const ParsedDouble number = ParseDouble(text);
+        const ParsedDouble& number = NumberIn(member, field);
         return std::abs(number.value) * price >= widest_sure_amount || text.size() > 8;
     };
     for (int field = PlotSize; field <= WaterEnd; ++field) {
@@ -148,22 +149,29 @@ void CheckAmounts(const CheckData& data, Findings& findings, qsizetype k)
     }
 }
 
+void CheckAddressLine(
+    const CheckData& data, Findings& findings, qsizetype k, const QString& line, int field)
+{
+    PageText text;
+    text.text = line;
+    if (field == Surname && text.text.endsWith(u'2'))
+        text.text.chop(1); // as it is printed
+    if (!Fits(data, text, address_width))
+        AddTo(findings, TooWide(text, { u"Anschriftenfeld"_s, address_width, {} }),
+            MemberRow(data, k, field));
+}
+
 void CheckAddressLines(const CheckData& data, Findings& findings, qsizetype k)
 {
-    constexpr int width = 290;
     const CheckMember& member = data.Members[static_cast<std::size_t>(k)];
-    const std::pair<QString, int> lines[] {
-        { FieldOf(member, FirstName) + u' ' + FieldOf(member, Surname), Surname },
-        { FieldOf(member, Street), Street }, { FieldOf(member, Town), Town }
-    };
-    for (const auto& [line, field] : lines) {
-        PageText text;
-        text.text = line;
-        if (field == Surname && text.text.endsWith(u'2'))
-            text.text.chop(1); // as it is printed
-        if (!Fits(data, text, width))
-            AddTo(findings, TooWide(text, { u"Anschriftenfeld"_s, width, {} }),
-                MemberRow(data, k, field));
+    const QString& first_name = FieldOf(member, FirstName);
+    const QString& surname = FieldOf(member, Surname);
+    const auto may_be_wide = [](qsizetype size) { return size * widest_character > address_width; };
+    if (may_be_wide(first_name.size() + 1 + surname.size()))
+        CheckAddressLine(data, findings, k, first_name + u' ' + surname, Surname);
+    for (const int field : { Street, Town }) {
+        if (may_be_wide(FieldOf(member, field).size()))
+            CheckAddressLine(data, findings, k, FieldOf(member, field), field);
     }
 }
 

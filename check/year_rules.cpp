@@ -65,9 +65,10 @@ std::optional<RuntimeError> RefusedLines(const CheckData& data, const RawFile& f
 
 bool IsForeign(const QByteArray& bytes)
 {
-    const bool plain = std::all_of(
-        bytes.begin(), bytes.end(), [](char c) { return static_cast<unsigned char>(c) < 128; });
-    if (plain)
+    unsigned char all = 0;
+    for (const char c : bytes)
+        all |= static_cast<unsigned char>(c);
+    if (all < 128)
         return false;
     QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
     const QString text = decoder(bytes);

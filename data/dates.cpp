@@ -9,7 +9,7 @@
 namespace {
 
 // One part of a date: so many ASCII digits at most, else -1.
-int NumberOfPart(const QString& part, int longest)
+int NumberOfPart(QStringView part, int longest)
 {
     const auto is_digit = [](QChar sign) { return sign >= u'0' && sign <= u'9'; };
     if (part.isEmpty() || part.size() > longest)
@@ -37,17 +37,18 @@ QString YearBeside(const BillingYear& year_text, int step)
 
 QString ShortDate(const QDate& date) { return date.toString(u"dd.MM.yyyy"); }
 
-std::optional<QDate> ParseDate(const QString& text)
+std::optional<QDate> ParseDate(QStringView text)
 {
     constexpr qsizetype longest_date = 10;
     if (text.size() > longest_date)
         return std::nullopt;
-    const QStringList parts = text.split(u'.');
-    if (parts.size() != 3)
+    const qsizetype month_at = text.indexOf(u'.') + 1;
+    const qsizetype year_at = text.indexOf(u'.', month_at) + 1;
+    if (month_at == 0 || year_at == 0)
         return std::nullopt;
-    const int day = NumberOfPart(parts[0], 2);
-    const int month = NumberOfPart(parts[1], 2);
-    const int year = FullYear(NumberOfPart(parts[2], 4));
+    const int day = NumberOfPart(text.first(month_at - 1), 2);
+    const int month = NumberOfPart(text.sliced(month_at, year_at - month_at - 1), 2);
+    const int year = FullYear(NumberOfPart(text.sliced(year_at), 4)); // a third point is no digit
     const QDate date(year, month, day);
     if (year < 0 || !date.isValid())
         return std::nullopt;
@@ -60,10 +61,12 @@ QString FormatDateText(const QString& text)
     return date ? ShortDate(*date) : text;
 }
 
-bool IsWellFormedDate(const QString& text)
+bool IsWellFormedDate(QStringView text)
 {
-    const std::optional<QDate> date = ParseDate(text);
-    return date && ShortDate(*date) == text;
+    constexpr qsizetype year_at = 6;
+    constexpr qsizetype length = 10; // two, two and four digits
+    const bool short_year = text.size() == length && text.sliced(year_at).startsWith(u"00");
+    return text.size() == length && !short_year && ParseDate(text);
 }
 
 BillingYear PreviousYear(const BillingYear& year_text) { return YearBeside(year_text, -1); }

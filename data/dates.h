@@ -3,6 +3,7 @@
 
 #include <QDate>
 #include <QString>
+#include <QStringView>
 
 #include <optional>
 
@@ -14,14 +15,14 @@ QString ShortDate(const QDate& date);
 
 /// Reads day.month.year in digits with points ("3.2.16" included, years 00 to 49 are 2000 to 2049,
 /// 50 to 99 are 1950 to 1999); nothing else is a date.
-std::optional<QDate> ParseDate(const QString& text);
+std::optional<QDate> ParseDate(QStringView text);
 
 /// The text in the form dd.mm.yyyy when it is a date, else unchanged.
 QString FormatDateText(const QString& text);
 
 /// True when the text stands in the form dd.mm.yyyy: ten characters, two-digit day and month, and
 /// it is a date.
-bool IsWellFormedDate(const QString& text);
+bool IsWellFormedDate(QStringView text);
 
 /// The text of the year before ("2017" gives "2016"); throws RuntimeError TypeMismatch when the
 /// text is no number.

@@ -16,6 +16,10 @@ constexpr QChar decimal_comma = u',';
 constexpr QChar thousands_point = u'.';
 constexpr QChar euro_sign = u'\u20AC';
 
+// Exact, all of them.
+constexpr double powers_of_ten[] { 1e0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9, 1e10, 1e11,
+    1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22 };
+
 bool IsDigit(QChar sign) { return sign >= u'0' && sign <= u'9'; }
 
 bool AreDigits(QStringView text)
@@ -111,15 +115,10 @@ ParsedDouble DoubleOf(const std::string& number, bool too_small)
     return { too_small ? NumberOutcome::Ok : NumberOutcome::Overflow, 0.0 }; // out of range
 }
 
-ParsedSingle Narrowed(const ParsedDouble& number)
+// One division of two numbers that are exact rounds correctly.
+double ValueOf(const ShortDecimal& number)
 {
-    if (number.outcome != NumberOutcome::Ok)
-        return { number.outcome, 0.0F };
-    // From half a step beyond the largest single on, the nearest single would be infinite.
-    constexpr double limit = 0x1.ffffffp127;
-    if (std::abs(number.value) >= limit)
-        return { NumberOutcome::Overflow, 0.0F };
-    return { NumberOutcome::Ok, static_cast<float>(number.value) };
+    return static_cast<double>(number.digits) / powers_of_ten[number.decimals];
 }
 
 [[noreturn]] void ThrowNoNumber(NumberOutcome outcome, const QString& text, Place where)
@@ -132,13 +131,36 @@ ParsedSingle Narrowed(const ParsedDouble& number)
 
 } // namespace
 
-std::optional<std::string> DigitsOfNumber(const QString& text)
+std::optional<std::string> DigitsOfNumber(QStringView text)
 {
-    return PlainNumber(WithoutEuroSign(WithoutBlanks(QStringView(text))));
+    return PlainNumber(WithoutEuroSign(WithoutBlanks(text)));
 }
 
-ParsedDouble ParseDouble(const QString& text)
+std::optional<ShortDecimal> ShortDecimalOf(QStringView text)
 {
+    constexpr qsizetype most_characters = 15;
+    if (text.isEmpty() || text.size() > most_characters)
+        return std::nullopt;
+    ShortDecimal number;
+    bool behind_comma = false;
+    for (const QChar sign : text) {
+        if (sign == decimal_comma && !behind_comma) {
+            behind_comma = true;
+            continue;
+        }
+        if (!IsDigit(sign))
+            return std::nullopt;
+        number.digits = number.digits * 10 + (sign.unicode() - u'0');
+        number.decimals += behind_comma ? 1 : 0;
+    }
+    const bool comma_alone = behind_comma && text.size() == 1;
+    return comma_alone ? std::nullopt : std::optional(number);
+}
+
+ParsedDouble ParseDouble(QStringView text)
+{
+    if (const std::optional<ShortDecimal> number = ShortDecimalOf(text))
+        return { NumberOutcome::Ok, ValueOf(*number) };
     const std::optional<std::string> number = DigitsOfNumber(text);
     if (!number)
         return {};
@@ -146,9 +168,20 @@ ParsedDouble ParseDouble(const QString& text)
     return DoubleOf(*number, too_small);
 }
 
-ParsedSingle ParseSingle(const QString& text) { return Narrowed(ParseDouble(text)); }
+ParsedSingle Narrowed(const ParsedDouble& number)
+{
+    if (number.outcome != NumberOutcome::Ok)
+        return { number.outcome, 0.0F };
+    // From half a step beyond the largest single on, the nearest single would be infinite.
+    constexpr double limit = 0x1.ffffffp127;
+    if (std::abs(number.value) >= limit)
+        return { NumberOutcome::Overflow, 0.0F };
+    return { NumberOutcome::Ok, static_cast<float>(number.value) };
+}
 
-bool IsNumber(const QString& text) { return ParseDouble(text).outcome == NumberOutcome::Ok; }
+ParsedSingle ParseSingle(QStringView text) { return Narrowed(ParseDouble(text)); }
+
+bool IsNumber(QStringView text) { return ParseDouble(text).outcome == NumberOutcome::Ok; }
 
 double NumberOf(const QString& text, const Place& where)
 {
@@ -196,7 +229,7 @@ ParsedSingle ParseTextOfSingle(const QString& text) { return Narrowed(ParseTotal
 double RoundTo(double value, int decimals)
 {
     Q_ASSERT(decimals >= 0 && decimals <= 22);
-    const double scale = std::pow(10.0, decimals); // exact up to 10 to the 22nd
+    const double scale = powers_of_ten[decimals];
     const double scaled = value * scale;
     if (!std::isfinite(scaled))
         return value; // so large that it has no decimals

@@ -6,6 +6,7 @@
 #include "data/runtime_error.h"
 
 #include <QString>
+#include <QStringView>
 
 #include <optional>
 #include <string>
@@ -22,21 +23,34 @@ struct ParsedSingle {
     float value = 0.0F;
 };
 
+/// A number as most are typed: some digits, with or without a comma, no more of them than are exact
+/// in a double. Its value is digits / 10 to the power of decimals.
+struct ShortDecimal {
+    qint64 digits = 0;
+    int decimals = 0; ///< 0 to 14
+};
+
+/// Nothing for any text that is longer or otherwise written: ParseDouble may read it all the same.
+std::optional<ShortDecimal> ShortDecimalOf(QStringView text);
+
 /// Reads a typed number: blanks around, a sign in front, digits with points only between
 /// well-formed groups of three, a decimal comma, "€" in front or behind. Everything else (the empty
 /// text too) is a type mismatch.
-ParsedDouble ParseDouble(const QString& text);
+ParsedDouble ParseDouble(QStringView text);
 
 /// The same in single precision; beyond its range the outcome is Overflow.
-ParsedSingle ParseSingle(const QString& text);
+ParsedSingle ParseSingle(QStringView text);
+
+/// A number that was read in double precision as ParseSingle reads its text.
+ParsedSingle Narrowed(const ParsedDouble& number);
 
 /// True when the text is a number (the empty text is none).
-bool IsNumber(const QString& text);
+bool IsNumber(QStringView text);
 
 /// The digits of a typed number as they stand there, for sums that must not be rounded: a "-" when
 /// negative, at least one digit, a point, any number of decimals ("-1.193,5" gives "-01193.5").
 /// Reads exactly what ParseDouble reads; nothing when the text is no number.
-std::optional<std::string> DigitsOfNumber(const QString& text);
+std::optional<std::string> DigitsOfNumber(QStringView text);
 
 /// The number in the text; throws RuntimeError (TypeMismatch or Overflow) with the given place when
 /// there is none.

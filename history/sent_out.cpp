@@ -65,6 +65,17 @@ void TakeBills(const RedoRecord& run, QSet<QString>& open, QHash<QString, LastSe
     }
 }
 
+/// The kept runs of that year, the oldest first.
+QList<HistoryEntry> RunsOf(const DataFiles& files, const QString& year_text)
+{
+    const QString key = HistoryKeyOf(NameOfRun(year_text));
+    QList<HistoryEntry> runs = KnownHistory(files);
+    runs.removeIf([&key](const HistoryEntry& entry) {
+        return entry.Mark.How != Deed::SentOut || entry.Key != key;
+    });
+    return runs;
+}
+
 } // namespace
 
 void KeepSentBills(
@@ -98,14 +109,14 @@ QString WordsOfSentOut(const QString& name, const QByteArray& content)
 QList<std::optional<LastSentBill>> LastSentBills(
     const DataFiles& files, const QString& year_text, const QStringList& names)
 {
-    const QString key = HistoryKeyOf(NameOfRun(year_text));
+    const QList<HistoryEntry> runs = RunsOf(files, year_text);
+    if (runs.isEmpty())
+        return QList<std::optional<LastSentBill>>(names.size());
     const QStringList wanted = WithOrder(names);
     QSet<QString> open(wanted.cbegin(), wanted.cend());
     QHash<QString, LastSentBill> last;
-    const QList<HistoryEntry> entries = KnownHistory(files);
-    for (auto entry = entries.crbegin(); entry != entries.crend() && !open.isEmpty(); ++entry) {
-        const bool is_run = entry->Key == key && entry->Mark.How == Deed::SentOut;
-        if (const std::optional<RedoRecord> run = is_run ? ReadKept(files, *entry) : std::nullopt)
+    for (auto entry = runs.crbegin(); entry != runs.crend() && !open.isEmpty(); ++entry) {
+        if (const std::optional<RedoRecord> run = ReadKept(files, *entry))
             TakeBills(*run, open, last);
     }
     QList<std::optional<LastSentBill>> result;

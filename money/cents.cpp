@@ -16,6 +16,14 @@ int DigitAt(const std::string& digits, std::size_t position)
     return position < digits.size() ? digits[position] - '0' : 0;
 }
 
+/// 100, 10 or 1 for no, one or two decimals.
+Cents TimesForCents(int decimals) { return decimals == 0 ? 100 : (decimals == 1 ? 10 : 1); }
+
+std::optional<Cents> WithinLimit(Cents cents)
+{
+    return cents > LargestAmount ? std::nullopt : std::optional(cents);
+}
+
 QString TwoDigits(Cents cents) { return QString::number(cents).rightJustified(2, u'0'); }
 
 QString Sign(Cents cents) { return cents < 0 ? u"-"_s : QString(); }
@@ -31,8 +39,11 @@ QString Grouped(Cents whole)
 
 } // namespace
 
-std::optional<Cents> CentsOf(const QString& text)
+std::optional<Cents> CentsOf(QStringView text)
 {
+    const std::optional<ShortDecimal> short_number = ShortDecimalOf(text);
+    if (short_number && short_number->decimals <= 2)
+        return WithinLimit(short_number->digits * TimesForCents(short_number->decimals));
     const std::optional<std::string> digits = DigitsOfNumber(text);
     if (!digits)
         return std::nullopt;
@@ -53,7 +64,7 @@ std::optional<Cents> CentsOf(const QString& text)
     return negative ? -cents : cents;
 }
 
-Cents CentsOrZero(const QString& text) { return CentsOf(text).value_or(0); }
+Cents CentsOrZero(QStringView text) { return CentsOf(text).value_or(0); }
 
 QString EuroText(Cents cents)
 {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringView>
 
 #include <optional>
 
@@ -14,10 +15,10 @@ inline constexpr Cents LargestAmount = 10'000'000'000'000; // 100.000.000.000,00
 
 /// The cents of a typed or shown amount ("1.193,53", "5 €"): the third decimal decides, half away
 /// from zero. Nothing when the text is no number (data/german_numbers.h) or beyond LargestAmount.
-std::optional<Cents> CentsOf(const QString& text);
+std::optional<Cents> CentsOf(QStringView text);
 
 /// CentsOf, what is no number counting as 0.
-Cents CentsOrZero(const QString& text);
+Cents CentsOrZero(QStringView text);
 
 /// As reports show it: "1.193,53 €", with the minus sign in front, never "-0,00 €".
 QString EuroText(Cents cents);

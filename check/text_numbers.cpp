@@ -1,0 +1,51 @@
+#include "check/text_numbers.h"
+
+#include <QtGlobal>
+
+#include <bit>
+#include <cstring>
+
+std::size_t SpreadText(QStringView text)
+{
+    constexpr quint64 odd = 0x9E37'79B9'7F4A'7C15;
+    constexpr qsizetype step = 4; // characters in 64 bits
+    quint64 spread = static_cast<quint64>(text.size());
+    for (qsizetype at = 0; at < text.size(); at += step) {
+        quint64 signs = 0;
+        const qsizetype count = text.size() - at < step ? text.size() - at : step;
+        std::memcpy(&signs, text.utf16() + at, static_cast<std::size_t>(count) * sizeof(char16_t));
+        spread = (spread ^ signs) * odd;
+        spread ^= spread >> 32;
+    }
+    return spread;
+}
+
+TextNumbers::TextNumbers(std::size_t most)
+    : m_places(std::bit_ceil(2 * most + 1))
+{
+    m_texts.reserve(most);
+}
+
+std::size_t TextNumbers::PlaceOf(QStringView text) const
+{
+    const std::size_t mask = m_places.size() - 1;
+    std::size_t place = SpreadText(text) & mask;
+    while (m_places[place] != 0 && m_texts[m_places[place] - 1] != text)
+        place = (place + 1) & mask;
+    return place;
+}
+
+int TextNumbers::NumberOf(QStringView text)
+{
+    std::uint32_t& number = m_places[PlaceOf(text)];
+    if (number == 0) {
+        m_texts.push_back(text);
+        number = static_cast<std::uint32_t>(m_texts.size());
+    }
+    return static_cast<int>(number) - 1;
+}
+
+int TextNumbers::Find(QStringView text) const
+{
+    return static_cast<int>(m_places[PlaceOf(text)]) - 1;
+}
