@@ -143,8 +143,8 @@ class TestManual(unittest.TestCase):
     def test_every_message_of_the_program_is_explained(self):
         explained = plain(SOURCE)
         missing, seen = [], 0
-        for folder in ["app", "backup", "cashbook", "controls", "data", "members", "settings",
-                       "statement"]:
+        for folder in ["app", "backup", "cashbook", "check", "controls", "data", "history", "members",
+                       "money", "outgoing", "report", "settings", "statement"]:
             for path in sorted((ROOT / folder).glob("*.*")):
                 name = f"{folder}/{path.name}"
                 if path.suffix not in (".cpp", ".h") or name in NO_MESSAGE_FILES:
@@ -157,15 +157,27 @@ class TestManual(unittest.TestCase):
         self.assertGreater(seen, 60, "the messages were not found")
         self.assertEqual([], missing)
 
+    def test_every_rule_of_the_check_report_has_its_row(self):
+        rows = re.findall(r"^\| (C\d\d[a-z]?) \| (?:Fehler|Warnung|Hinweis) \| .+ \| .+ \|$", SOURCE,
+                          re.MULTILINE)
+        code = "".join(path.read_text(encoding="utf-8")
+                       for path in sorted((ROOT / "check").glob("*.cpp")))
+        rules = set(re.findall(r'u"(C\d\d[a-z]?)"_s', code))
+        variants = {rule for rule in rules if rule[-1].isalpha()}
+        alone = rules - {variant[:3] for variant in variants} - variants
+        self.assertGreater(len(variants), 50)
+        self.assertEqual([], sorted((variants | alone) - set(rows)))
+
     def test_the_questions_of_the_program_stand_word_for_word(self):
         for folder in ["app", "backup", "cashbook", "settings"]:
             path = ROOT / folder / "texts.h"
             for name in re.findall(r"QString (Ask\w+|\w+Message|\w+Warning)\b",
                                    path.read_text(encoding="utf-8") if path.exists() else ""):
                 code = path.read_text(encoding="utf-8")
-                literals = code[code.index(name):].split(";")[0]
-                text = "".join(part.group(1) for part in LITERAL.finditer(literals))
-                self.assertIn(plain(text), plain(SOURCE), name)
+                adjacent = re.search(r'(?:u?"(?:[^"\\\n]|\\.)*"(?:_s)?\s*)+', code[code.index(name):])
+                text = "".join(part.group(1) for part in LITERAL.finditer(adjacent.group()))
+                for piece in re.split(r"%\d", text):
+                    self.assertIn(plain(piece), plain(SOURCE), name)
 
 
 if __name__ == "__main__":
