@@ -55,6 +55,7 @@ void FillContents(const ManualControls& controls)
             continue;
         auto* entry = new QTreeWidgetItem({ block.text() });
         entry->setData(0, Qt::UserRole, block.blockNumber());
+        entry->setToolTip(0, block.text()); // a long one is cut
         if (level == chapter_level || chapter == nullptr) {
             controls.Contents->addTopLevelItem(entry);
             chapter = entry;
@@ -95,14 +96,32 @@ void MarkSection(const ManualControls& controls)
 
 // --- search -----------------------------------------------------------------------------------
 
-/// Beyond the last place the search begins again at the first.
+/// What follows a place that was found is seen as well.
+void ShowBelowHit(QTextBrowser* text)
+{
+    const int height = text->viewport()->height();
+    const int place = text->cursorRect().top();
+    if (place > height * 3 / 4)
+        text->verticalScrollBar()->setValue(
+            text->verticalScrollBar()->value() + place - height / 3);
+}
+
+/// Beyond the last place the search begins again at the first. Words that are nowhere move nothing.
 void FindNext(const ManualControls& controls, QTextDocument::FindFlags direction = {})
 {
     const QString words = controls.Search->text();
+    const QTextCursor before = controls.Text->textCursor();
+    const int place = controls.Text->verticalScrollBar()->value();
     bool is_found = words.isEmpty() || controls.Text->find(words, direction);
     if (!is_found) {
         controls.Text->moveCursor(direction ? QTextCursor::End : QTextCursor::Start);
         is_found = controls.Text->find(words, direction);
+    }
+    if (is_found && !words.isEmpty()) {
+        ShowBelowHit(controls.Text);
+    } else if (!is_found) {
+        controls.Text->setTextCursor(before);
+        controls.Text->verticalScrollBar()->setValue(place);
     }
     Tint(controls.Search, is_found ? TintKind::None : TintKind::Wrong,
         is_found ? QString() : u"Das steht nicht im Handbuch."_s);
@@ -120,6 +139,8 @@ void SearchFromTop(const ManualControls& controls)
 
 void SearchTyped(const ManualControls& controls) // ManualSearch
 {
+    if (!controls.Text->viewport()->rect().intersects(controls.Text->cursorRect()))
+        SearchFromTop(controls); // one has scrolled on since
     QTextCursor cursor = controls.Text->textCursor();
     cursor.setPosition(cursor.selectionStart()); // a longer word may stand at the same place
     controls.Text->setTextCursor(cursor);

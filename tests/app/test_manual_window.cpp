@@ -183,6 +183,29 @@ private Q_SLOTS:
         QCOMPARE(club.Search()->toolTip(), u"Das steht nicht im Handbuch."_s);
     }
 
+    void a_word_that_is_not_there_moves_nothing()
+    {
+        const ManualClub club;
+        club.Text()->scrollToAnchor(u"drin"_s);
+        const int place = club.Text()->verticalScrollBar()->value();
+        QTest::mouseClick(club.Search(), Qt::LeftButton);
+        QTest::keyClicks(club.Search(), u"x"_s);
+        QCOMPARE(club.Text()->verticalScrollBar()->value(), place);
+        QTest::keyClick(club.Search(), Qt::Key_Backspace);
+        QTest::keyClicks(club.Search(), u"Laub"_s);
+        QCOMPARE(club.Text()->textCursor().block().text(), u"Laubenpieperin"_s);
+    }
+
+    void below_what_was_found_one_can_read_on()
+    {
+        const ManualClub club;
+        club.Text()->verticalScrollBar()->setValue(0);
+        club.Text()->moveCursor(QTextCursor::Start);
+        club.Search()->setText(u"Abschnitt darin"_s);
+        QVERIFY(club.Text()->cursorRect().top() > 0);
+        QVERIFY(club.Text()->cursorRect().top() < club.Text()->viewport()->height() / 2);
+    }
+
     void pictures_fit_the_window_and_get_no_wider_than_they_are()
     {
         const ManualClub club;
