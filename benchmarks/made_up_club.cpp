@@ -36,7 +36,7 @@ QByteArray MembersBytes(int members, bool last_year)
     for (int i = 0; i < members; ++i) {
         const int start = 1000 + i % 700 + (last_year ? 0 : 150 + i % 90);
         const int end = 1000 + i % 700 + 150 + i % 90 + (last_year ? 0 : 130 + i % 60);
-        bytes += "Name" + Number(i) + ";Vorname" + Number(i % 40) + ";Gartenweg " + Number(i % 99)
+        bytes += "Name" + Number(i) + "a;Vorname" + Number(i % 40) + ";Gartenweg " + Number(i % 99)
             + ";01234 Musterdorf;030 " + Number(100'000 + i) + ';' + Number(i + 1) + ';'
             + Number(200 + i % 150) + ",5;1;12,50;8,40;3,00;25,10;" + Number(start) + ';'
             + Number(end) + ';' + Number(start / 10) + ';' + Number(end / 10) + "\r\n";
@@ -60,8 +60,8 @@ QByteArray BankBytes(int members)
 {
     const int other = members - 1; // the search comes by all members
     return "[Daten]\r\nBankname=Sparkasse\r\nBLZ=DE02120300000000202051\r\nKontonummer=BYLADEM1\r\n"
-           "Name1=Name0,Vorname0\r\nName2=Name"
-        + Number(other) + ",Vorname" + Number(other % 40) + "\r\nName=Kasse\r\nAnrede=Frau\r\n";
+           "Name1=Name0a,Vorname0\r\nName2=Name"
+        + Number(other) + "a,Vorname" + Number(other % 40) + "\r\nName=Kasse\r\nAnrede=Frau\r\n";
 }
 
 QByteArray LedgerBytes(int bookings)

@@ -1,14 +1,12 @@
 // The bookings in memory, each account for itself: days, amounts, texts, balances.
 #include "cashbook/ledger_rows.h"
 #include "check/rules.h"
-#include "check/text_numbers.h"
 #include "data/dates.h"
 #include "data/german_numbers.h"
 
 #include <QSet>
 
-#include <bit>
-#include <cstdint>
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -47,7 +45,7 @@ public:
 
     Verdict Of(QStringView date)
     {
-        if (date != m_date || !m_known) {
+        if (!m_known || !std::equal(date.begin(), date.end(), m_date.begin(), m_date.end())) {
             m_date = date;
             m_known = true;
             m_verdict = Judge(date);
@@ -103,7 +101,8 @@ void AddNoNumber(Findings& findings, std::size_t account, std::size_t row,
     const bool deposit = &amount == &booking.deposit;
     AddTo(findings,
         { u"C45"_s, Level::Error,
-            u"%1 ist keine Zahl und zählt als 0,00."_s.arg(Quoted(amount.text.toString())),
+            u"%1 ist keine Zahl und zählt als 0,00."_s.arg(
+                Quoted(AmountText(booking, amount).toString())),
             u"Klicken Sie die Buchung an, schreiben Sie den Betrag mit Komma (12,50), „OK“, "
             "„Speichern“."_s },
         { AccountNameOf(account) + u": "_s + u"%1 %2"_s.arg(booking.date, booking.text).trimmed(),
@@ -135,7 +134,7 @@ void CheckOneOdd(
         return;
     for (const BookedAmount* amount : { &in, &out }) {
         if (amount->is_number && amount->sign < 0)
-            add(u"C46a"_s, u"Negativer Betrag %1."_s.arg(amount->text));
+            add(u"C46a"_s, u"Negativer Betrag %1."_s.arg(AmountText(booking, *amount)));
     }
     const bool numbers = in.is_number && out.is_number;
     if (numbers && in.sign != 0 && out.sign != 0)
@@ -146,69 +145,14 @@ void CheckOneOdd(
         add(u"C46d"_s, u"Buchung ohne Vorgang."_s);
 }
 
-bool SameBooking(const CheckBooking& a, const CheckBooking& b)
-{
-    const auto same = [](const BookedAmount& x, const BookedAmount& y) {
-        return x.cents && y.cents ? *x.cents == *y.cents && x.is_number == y.is_number
-                                  : x.text == y.text;
-    };
-    return a.date == b.date && a.text == b.text && same(a.deposit, b.deposit)
-        && same(a.withdrawal, b.withdrawal);
-}
-
-/// The bookings seen so far, by day and text: a table of twice as many places as there are
-/// bookings, each booking at the first free place from its own on.
-class SeenBookings {
-public:
-    explicit SeenBookings(const std::vector<CheckBooking>& rows)
-        : m_rows(rows)
-        , m_keys(rows.size())
-        , m_places(std::bit_ceil(2 * rows.size() + 1))
-    {
-    }
-
-    /// True when the same booking was seen before.
-    bool See(std::size_t row)
-    {
-        const CheckBooking& booking = m_rows[row];
-        const std::size_t mask = m_places.size() - 1;
-        m_keys[row] = KeyOf(booking);
-        std::size_t place = m_keys[row] & mask;
-        for (; m_places[place] != 0; place = (place + 1) & mask) {
-            const std::size_t other = m_places[place] - 1;
-            if (m_keys[other] == m_keys[row] && SameBooking(m_rows[other], booking))
-                return true;
-        }
-        m_places[place] = static_cast<std::uint32_t>(row + 1);
-        return false;
-    }
-
-private:
-    /// Day and text stand side by side in their line; a text that is missing begins nowhere.
-    static std::size_t KeyOf(const CheckBooking& booking)
-    {
-        return SpreadText(booking.text.isNull()
-                ? booking.date
-                : QStringView(booking.date.begin(), booking.text.end()));
-    }
-
-    const std::vector<CheckBooking>& m_rows;
-    std::vector<std::size_t> m_keys;
-    std::vector<std::uint32_t> m_places; ///< rows counted from 1; 0: free
-};
-
 /// Lines stand in the order of their days; those typed since stand behind, so all are compared.
 void CheckTwice(Findings& findings, std::size_t account, const CheckBookings& bookings)
 {
-    SeenBookings seen(bookings.Rows);
-    for (std::size_t row = 0; row < bookings.Rows.size(); ++row) {
-        const CheckBooking& booking = bookings.Rows[row];
-        if (!booking.carried_over && seen.See(row))
-            AddTo(findings,
-                { u"C46e"_s, Level::Warning, u"Zweimal gleich gebucht."_s,
-                    u"Löschen Sie eine davon, wenn sie nur einmal vorkam."_s },
-                BookingRow(account, row, booking));
-    }
+    for (const std::size_t row : RowsBookedTwice(bookings))
+        AddTo(findings,
+            { u"C46e"_s, Level::Warning, u"Zweimal gleich gebucht."_s,
+                u"Löschen Sie eine davon, wenn sie nur einmal vorkam."_s },
+            BookingRow(account, row, bookings.Rows[row]));
 }
 
 } // namespace

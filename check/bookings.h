@@ -10,21 +10,25 @@
 #include <optional>
 #include <vector>
 
-/// An amount of a booking.
+/// An amount of a booking. Bookings are many: the less of them, the quicker they are gone through.
 struct BookedAmount {
-    QStringView text;
+    Cents cents = 0; ///< 0 where it is no number
+    qint32 size = 0; ///< characters, see AmountText
+    qint8 sign = 0; ///< -1, 0 or 1
     bool is_number = true;
-    std::optional<Cents> cents; ///< missing when it is no number, or too large for exact sums
-    int sign = 0; ///< -1, 0 or 1
+    bool is_exact = true; ///< false: a number too large for exact sums
 };
 
 struct CheckBooking {
     QStringView date;
-    QStringView text;
-    BookedAmount deposit;
+    QStringView text; ///< behind the date and one ";"
+    BookedAmount deposit; ///< behind the text, as the withdrawal behind it
     BookedAmount withdrawal;
     bool carried_over = false; ///< the text begins with "Übertrag Saldo "
 };
+
+/// The amount as typed; it is one of the booking's two.
+QStringView AmountText(const CheckBooking& booking, const BookedAmount& amount);
 
 struct CheckBookings {
     std::vector<CheckBooking> Rows; ///< by row of the ledger view
@@ -33,6 +37,10 @@ struct CheckBookings {
 
 /// What is no number counts as 0. The lines must outlive the bookings.
 CheckBookings TakeBookingsApart(const QStringList& lines);
+
+/// Rows that are booked as another one before them was, in their order. Those that carry a balance
+/// over are not compared.
+std::vector<std::size_t> RowsBookedTwice(const CheckBookings& bookings);
 
 /// "01.03.2026 Gartenzeitung 12,00": the amount that is not zero, as typed.
 QString BookingWords(const CheckBooking& booking);

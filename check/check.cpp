@@ -10,30 +10,29 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-void AddFailed(const CheckRule& rule, Findings& findings, std::size_t before)
+FindingList NotChecked(const CheckRule& rule)
 {
-    findings.resize(before);
-    Add(findings,
-        { rule.id, Level::Warning, u"Regel %1 konnte nicht geprüft werden."_s.arg(rule.id) });
+    return { { rule.id, Level::Warning, u"Regel %1 konnte nicht geprüft werden."_s.arg(rule.id) } };
 }
 
 /// What the rule had found before it failed is dropped: it may be half the truth.
-void Run(const CheckRule& rule, const CheckData& data, Findings& findings)
+FindingList Run(const CheckRule& rule, const CheckData& data)
 {
-    const std::size_t before = findings.size();
+    Findings findings;
     try {
         rule.run(data, findings);
     } catch (const RuntimeError&) {
-        AddFailed(rule, findings, before);
+        return NotChecked(rule);
     } catch (const std::exception&) {
-        AddFailed(rule, findings, before);
+        return NotChecked(rule);
     }
+    return std::move(findings.All);
 }
 
 bool SameEntry(const Finding& a, const Finding& b) { return a.id == b.id && a.part == b.part; }
 
 /// The entries of one variant stand together.
-void Order(Findings& findings)
+void Order(FindingList& findings)
 {
     std::stable_sort(findings.begin(), findings.end(), [](const Finding& a, const Finding& b) {
         return std::pair(a.id, a.part) < std::pair(b.id, b.part);
@@ -126,7 +125,8 @@ CheckResult RunCheck(const CheckSource& source, const std::vector<CheckRule>& ru
     CheckResult result;
     const CheckData data = MakeCheckData(source);
     for (const CheckRule& rule : rules)
-        Run(rule, data, result.All);
+        for (Finding& finding : Run(rule, data))
+            result.All.push_back(std::move(finding));
     Order(result.All);
     Count(result);
     result.Members = source.Members.RecordList.size();

@@ -20,7 +20,7 @@ struct CheckRule {
 const std::vector<CheckRule>& CheckRules();
 
 struct CheckResult {
-    Findings All; ///< in the order of the rules
+    FindingList All; ///< in the order of the rules
     qsizetype Errors = 0; ///< entries: findings of one id and part count once
     qsizetype Warnings = 0;
     qsizetype Hints = 0;

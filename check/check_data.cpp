@@ -14,31 +14,46 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// So many positions that fit: counted in runs that a byte can count, which is quickest.
-template <typename Fits> qsizetype CountWhere(qsizetype size, Fits fits)
+/// What is counted in a run of bytes, in counters of a byte each, which is quickest.
+struct RunCounts {
+    unsigned char returns = 0;
+    unsigned char feeds = 0;
+    unsigned char pairs = 0; ///< CR and LF
+    unsigned char all = 0; ///< every bit that is set somewhere
+};
+
+RunCounts CountRun(const char* signs, qsizetype size)
 {
-    constexpr qsizetype run = 192;
-    qsizetype count = 0;
-    for (qsizetype begin = 0; begin < size; begin += run) {
-        const qsizetype end = std::min(begin + run, size);
-        unsigned char in_run = 0;
-        for (qsizetype i = begin; i < end; ++i)
-            in_run = static_cast<unsigned char>(in_run + (fits(i) ? 1 : 0));
-        count += in_run;
+    RunCounts counts;
+    for (qsizetype i = 0; i < size; ++i) {
+        const unsigned char is_return = signs[i] == '\r' ? 1 : 0;
+        counts.returns = static_cast<unsigned char>(counts.returns + is_return);
+        counts.feeds = static_cast<unsigned char>(counts.feeds + (signs[i] == '\n' ? 1 : 0));
+        counts.pairs = static_cast<unsigned char>(
+            counts.pairs + (is_return & (signs[i + 1] == '\n' ? 1 : 0)));
+        counts.all |= static_cast<unsigned char>(signs[i]);
     }
-    return count;
+    return counts;
 }
 
-/// A CR without LF behind it, or CR LF in one place and a lone LF in another.
-bool HasTornLines(const QByteArray& bytes)
+/// Torn lines: a CR without LF behind it, or CR LF in one place and a lone LF in another.
+void LookAtBytes(RawFile& file)
 {
-    const char* signs = bytes.constData(); // a NUL stands behind the last
-    const qsizetype returns
-        = CountWhere(bytes.size(), [&](qsizetype i) { return signs[i] == '\r'; });
-    const qsizetype feeds = CountWhere(bytes.size(), [&](qsizetype i) { return signs[i] == '\n'; });
-    const qsizetype pairs = CountWhere(
-        bytes.size(), [&](qsizetype i) { return (signs[i] == '\r') & (signs[i + 1] == '\n'); });
-    return returns > pairs || (pairs > 0 && feeds > pairs);
+    constexpr qsizetype run = 192; // a NUL stands behind the last byte
+    qsizetype returns = 0;
+    qsizetype feeds = 0;
+    qsizetype pairs = 0;
+    unsigned all = 0;
+    for (qsizetype begin = 0; begin < file.Bytes.size(); begin += run) {
+        const qsizetype size = std::min(run, file.Bytes.size() - begin);
+        const RunCounts counts = CountRun(file.Bytes.constData() + begin, size);
+        returns += counts.returns;
+        feeds += counts.feeds;
+        pairs += counts.pairs;
+        all |= counts.all;
+    }
+    file.TornLines = returns > pairs || (pairs > 0 && feeds > pairs);
+    file.Ascii = all < 128;
 }
 
 RawFile ReadRaw(const DataFiles& files, const QString& name)
@@ -49,7 +64,7 @@ RawFile ReadRaw(const DataFiles& files, const QString& name)
         file.There = FileExists(files, name);
         if (file.There)
             file.Bytes = ReadTextBytes(files, name);
-        file.TornLines = HasTornLines(file.Bytes);
+        LookAtBytes(file);
     } catch (const RuntimeError& error) {
         file.There = true;
         file.Refused = error;

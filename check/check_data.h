@@ -23,6 +23,7 @@ struct RawFile {
     bool There = false;
     QByteArray Bytes;
     std::optional<RuntimeError> Refused; ///< why it could not be read
+    bool Ascii = true; ///< no byte above 127
     bool TornLines = false; ///< line ends of two kinds: several lines are read as one
 };
 

@@ -19,7 +19,7 @@ struct Entry {
     std::size_t end = 0;
 };
 
-std::vector<Entry> EntriesOf(const Findings& findings)
+std::vector<Entry> EntriesOf(const FindingList& findings)
 {
     std::vector<Entry> entries;
     for (std::size_t i = 0; i < findings.size(); ++i) {
@@ -53,7 +53,7 @@ std::size_t LinesOf(const Finding& finding)
 
 /// Sentences with their rows, until so many rows are told; the rest is one link.
 void AddEntry(
-    Report& report, const Findings& findings, const Entry& entry, const ReportChoices& choices)
+    Report& report, const FindingList& findings, const Entry& entry, const ReportChoices& choices)
 {
     const QString name = findings[entry.begin].id + findings[entry.begin].part;
     const bool whole = choices.ShownWhole.contains(name);

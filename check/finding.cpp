@@ -2,23 +2,22 @@
 
 #include "data/records.h"
 
-#include <algorithm>
 #include <utility>
 
 using namespace Qt::StringLiterals;
 
-void Add(Findings& findings, Finding finding) { findings.push_back(std::move(finding)); }
+void Add(Findings& findings, Finding finding)
+{
+    findings.Places.insert({ finding.sentence, { finding.id, finding.part } }, findings.All.size());
+    findings.All.push_back(std::move(finding));
+}
 
 void AddTo(Findings& findings, const Finding& finding, const FindingRow& row)
 {
-    const auto known = std::find_if(findings.rbegin(), findings.rend(), [&](const Finding& other) {
-        return other.id == finding.id && other.part == finding.part
-            && other.sentence == finding.sentence;
-    });
-    if (known != findings.rend()) {
-        known->rows.push_back(row);
-        return;
-    }
+    const auto known
+        = findings.Places.constFind({ finding.sentence, { finding.id, finding.part } });
+    if (known != findings.Places.cend())
+        return findings.All[*known].rows.push_back(row);
     Finding fresh = finding;
     fresh.rows.push_back(row);
     Add(findings, std::move(fresh));

@@ -3,8 +3,10 @@
 
 #include "report/report.h"
 
+#include <QHash>
 #include <QString>
 
+#include <utility>
 #include <vector>
 
 /// How much it matters. Error: a bill, a page or an account is wrong or something is lost with the
@@ -28,7 +30,15 @@ struct Finding {
     QString part = {}; ///< tells the entries of one variant apart ("Strom", "Wasser")
 };
 
-using Findings = std::vector<Finding>;
+using FindingList = std::vector<Finding>;
+
+/// What one rule has found so far.
+struct Findings {
+    FindingList All;
+    /// Where each stands last, by sentence, id and part: a sentence of its own for each member of a
+    /// large club must not be looked for one by one.
+    QHash<std::pair<QString, std::pair<QString, QString>>, std::size_t> Places;
+};
 
 /// Appends the finding. Rows that only differ in their sentence are collected by their caller.
 void Add(Findings& findings, Finding finding);

@@ -113,9 +113,9 @@ struct CarriedRows {
 
 std::optional<Cents> AmountOf(const CheckBooking& booking)
 {
-    if (!booking.deposit.cents || !booking.withdrawal.cents)
+    if (!booking.deposit.is_exact || !booking.withdrawal.is_exact)
         return std::nullopt;
-    return *booking.deposit.cents - *booking.withdrawal.cents;
+    return booking.deposit.cents - booking.withdrawal.cents;
 }
 
 CarriedRows FindCarried(const CheckData& data, const CheckBookings& bookings, Cents closing)
@@ -172,7 +172,8 @@ void CheckOneCarryOver(const CheckData& data, Findings& findings, std::size_t ac
     const CheckBooking& booking = bookings.Rows[rows.named.front()];
     const Cents carried = AmountOf(booking).value_or(0);
     if (carried == *closing
-        || IsOwnRounding(data, account, booking.deposit.text.toString(), carried, *closing))
+        || IsOwnRounding(
+            data, account, AmountText(booking, booking.deposit).toString(), carried, *closing))
         return;
     AddTo(findings,
         { u"C47c"_s, Level::Error,

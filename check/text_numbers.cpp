@@ -10,13 +10,19 @@ std::size_t SpreadText(QStringView text)
     constexpr quint64 odd = 0x9E37'79B9'7F4A'7C15;
     constexpr qsizetype step = 4; // characters in 64 bits
     quint64 spread = static_cast<quint64>(text.size());
-    for (qsizetype at = 0; at < text.size(); at += step) {
-        quint64 signs = 0;
-        const qsizetype count = text.size() - at < step ? text.size() - at : step;
-        std::memcpy(&signs, text.utf16() + at, static_cast<std::size_t>(count) * sizeof(char16_t));
+    const auto take = [&](quint64 signs) {
         spread = (spread ^ signs) * odd;
         spread ^= spread >> 32;
+    };
+    const char16_t* sign = text.utf16();
+    const char16_t* end = sign + text.size();
+    for (; end - sign >= step; sign += step) {
+        quint64 signs = 0;
+        std::memcpy(&signs, sign, sizeof signs);
+        take(signs);
     }
+    for (; sign != end; ++sign)
+        take(*sign);
     return spread;
 }
 

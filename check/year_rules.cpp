@@ -63,12 +63,10 @@ std::optional<RuntimeError> RefusedLines(const CheckData& data, const RawFile& f
 
 // --- encoding ---------------------------------------------------------------------------------
 
+/// Bytes above 127 that make UTF-8.
 bool IsForeign(const QByteArray& bytes)
 {
-    unsigned char all = 0;
-    for (const char c : bytes)
-        all |= static_cast<unsigned char>(c);
-    if (all < 128)
+    if (!bytes.isValidUtf8())
         return false;
     QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
     const QString text = decoder(bytes);
@@ -93,7 +91,7 @@ QString FirstForeignWord(const QByteArray& bytes)
 void AddEncoding(
     Findings& findings, const RawFile& file, const LinkTarget& target, const QString& addition = {})
 {
-    if (!file.There || file.Refused || !IsForeign(file.Bytes))
+    if (!file.There || file.Refused || file.Ascii || !IsForeign(file.Bytes))
         return;
     Add(findings,
         { u"C04"_s, Level::Error,

@@ -11,7 +11,7 @@ class TestTextNumbers : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void EqualTextsGetTheSameNumberInTheOrderOfComing()
+    void equal_texts_get_the_same_number_in_the_order_of_coming()
     {
         TextNumbers numbers(3);
         const QString again = u"xMeier"_s.mid(1);
@@ -23,7 +23,7 @@ private Q_SLOTS:
         QCOMPARE(numbers.TextOf(1), u"Meierhof");
     }
 
-    void ATextThatNeverCameIsNotFound()
+    void a_text_that_never_came_is_not_found()
     {
         TextNumbers numbers(2);
         numbers.NumberOf(u"Meier");
@@ -32,7 +32,7 @@ private Q_SLOTS:
         QCOMPARE(numbers.Count(), 1);
     }
 
-    void AsManyTextsAsPromisedKeepTheirNumbers()
+    void as_many_texts_as_promised_keep_their_numbers()
     {
         constexpr int count = 1000;
         QStringList texts;
