@@ -1,6 +1,7 @@
 // A seeded random user over the whole window: keys, clicks, tab switches, years, answers to boxes.
 // After every step the promises that hold at any moment are checked. Steps and seed: arguments 1
 // and 2 (defaults below); with "redraw" as argument 3 what is shown is compared with a full redraw.
+#include "tests/whole_program/monkey.h"
 #include "app/german.h"
 #include "cashbook/date_ordering.h"
 #include "controls/fields.h"
@@ -8,7 +9,6 @@
 #include "data/dates.h"
 #include "data/file_names.h"
 #include "data/german_numbers.h"
-#include "tests/support/club.h"
 #include "tests/support/full_redraw.h"
 
 #include <QAbstractItemView>
@@ -45,30 +45,6 @@ namespace {
 constexpr int default_steps = 2000;
 constexpr quint32 default_seed = 20171120;
 
-struct Monkey {
-    TestClub Club;
-    QRandomGenerator Dice;
-    QString LastAction;
-    QMap<QString, int> Done; ///< how often each action was taken
-    int BoxCount = 0;
-    int LedgersWritten = 0;
-    QSet<QString> Replaced; ///< bookings that were in a list when "OK" or "Löschen" changed it
-    int SettledChecks = 0; ///< checks made while lists and files had to be alike
-    int Step = 0;
-    bool ErrorSinceLoad
-        = false; ///< an error box since the last complete load: lists and file may differ
-    QList<QLineEdit*> Fields;
-    QList<QPushButton*> Buttons;
-    QList<QAbstractItemView*> Lists;
-    QList<QCalendarWidget*> Calendars;
-    QList<QWidget*> Toggles;
-};
-
-int Below(Monkey& monkey, qsizetype bound)
-{
-    return static_cast<int>(monkey.Dice.bounded(static_cast<quint32>(bound)));
-}
-
 [[noreturn]] void Fail(const Monkey& monkey, const QString& what)
 {
     std::fprintf(stderr, "monkey: step %d, after %s: %s\n", monkey.Step,
@@ -78,23 +54,6 @@ int Below(Monkey& monkey, qsizetype bound)
                        .mid(qMax<qsizetype>(0, monkey.Club.Boxes.size() - 5))
                        .join(QLatin1Char('\n'))));
     std::exit(1);
-}
-
-void Check(const Monkey& monkey, bool holds, const char* promise)
-{
-    if (!holds)
-        Fail(monkey, QString::fromUtf8(promise));
-}
-
-const QString& AnyText(Monkey& monkey)
-{
-    static const QStringList texts { QStringLiteral("12,50"), QStringLiteral("0,00"), QString(),
-        QStringLiteral("1200"), QStringLiteral("-3,5"), QStringLiteral("abc"),
-        QStringLiteral("Meier"), QStringLiteral("Schulze2"), QStringLiteral("von Łódź; Straße"),
-        QStringLiteral("01.12.2017"), QStringLiteral("31.12.2016"), QStringLiteral("1.3.17"),
-        QStringLiteral("Abrechnung Meier"), QStringLiteral("1.250,00"), QStringLiteral("€ m² ™"),
-        QStringLiteral("Meier,Anna"), QStringLiteral("99999999999999999999") };
-    return texts[Below(monkey, texts.size())];
 }
 
 /// One of the controls that the tab in front shows.
@@ -118,8 +77,7 @@ void TypeSomething(Monkey& monkey)
         QTest::mouseClick(field, Qt::LeftButton);
     field->selectAll();
     QTest::keyClick(field, Qt::Key_Delete);
-    for (const QChar letter : AnyText(monkey)) // key by key; QTest::keyClicks knows ASCII only
-        QTest::sendKeyEvent(QTest::Click, field, Qt::Key_unknown, QString(letter), Qt::NoModifier);
+    TypeKeys(field, AnyText(monkey));
     if (Below(monkey, 6) == 0)
         QTest::keyClick(field, Qt::Key_Return);
 }
@@ -177,28 +135,6 @@ void ScrollThePreview(Monkey& monkey)
     bar->setValue(Below(monkey, bar->maximum() + 1));
 }
 
-/// Opens a money report, follows one of its links, closes it.
-void ReadAReport(Monkey& monkey)
-{
-    const QStringList entries { QStringLiteral("MoreOpenItems"), QStringLiteral("MoreCashReport"),
-        QStringLiteral("MoreCashBook"), QStringLiteral("MoreYears") };
-    const QString entry = entries[Below(monkey, entries.size())];
-    monkey.LastAction = QStringLiteral("reading ") + entry;
-    Program& program = monkey.Club.program;
-    program.Window.Window->findChild<QAction*>(entry)->trigger();
-    for (auto& [kind, opened] : program.Reports.Opened) {
-        if (!opened.Window->isVisible())
-            continue;
-        static const QRegularExpression link(QStringLiteral("href=\"([^\"]+)\""));
-        QStringList links;
-        for (auto found = link.globalMatch(opened.Shown); found.hasNext();)
-            links += found.next().captured(1);
-        if (!links.isEmpty())
-            Q_EMIT opened.Text->anchorClicked(QUrl(links[Below(monkey, links.size())]));
-        opened.Window->hide();
-    }
-}
-
 /// Hands other than the program's: lines added to a file, last year's file taken away or given
 /// back.
 void MeddleWithFiles(Monkey& monkey)
@@ -222,6 +158,7 @@ void MeddleWithFiles(Monkey& monkey)
         break;
     }
     monkey.ErrorSinceLoad = true; // the lists are older than the files until the next load
+    LookAtFiles(monkey.Kept, club.program.Files);
 }
 
 /// Files as a full disk, another system or a stranger's program leaves them.
@@ -246,6 +183,7 @@ void DamageAFile(Monkey& monkey)
         club.Write(name, club.Read(name).replace("0,00\r\n", "0,00\n")); // some LF alone
     }
     monkey.ErrorSinceLoad = true;
+    LookAtFiles(monkey.Kept, club.program.Files);
 }
 
 void StepTheYear(Monkey& monkey)
@@ -265,6 +203,7 @@ void StartAnew(Monkey& monkey)
         club.Write(QStringLiteral("Mitgliedsdaten2016.pz"),
             club.Read(QStringLiteral("Mitgliedsdaten2016.pz")) + "kurz;zeile\r\n");
     }
+    LookAtFiles(monkey.Kept, program.Files);
     program.Year = {};
     program.Members = {};
     StartUp(program);
@@ -277,6 +216,7 @@ void StartAfresh(Monkey& monkey)
 {
     TestClub& club = monkey.Club;
     club.CopyExample(QStringLiteral("ordinary-year"));
+    LookAtFiles(monkey.Kept, club.program.Files);
     for (int i = 0; i < 50 && club.program.Year.YearText != QStringLiteral("2017"); ++i)
         QTest::mouseClick(club.Control<QPushButton>("Command3(0)"), Qt::LeftButton);
     club.Boxes.clear();
@@ -349,9 +289,10 @@ qsizetype Missing(const QStringList& lines, QStringList others)
 /// No member leaves a file unless the user replaced or deleted him or was told.
 void CheckMembersFiles(const Monkey& monkey, const Before& before)
 {
-    for (const char* action : { "meddling", "damaging", "starting", "Command11" }) {
+    for (const char* action :
+        { "meddling", "damaging", "starting", "Command11", "taking back", "aligning" }) {
         if (monkey.LastAction.contains(QLatin1String(action)))
-            return; // other hands, or a backup that replaces files
+            return; // other hands, or what replaces files that were asked about
     }
     const Before after = Remember(monkey);
     for (const QString& year : before.MembersFiles.keys()) {
@@ -404,7 +345,7 @@ void CheckLedgers(Monkey& monkey, const Before& before, const CashBookState& boo
                 monkey.Replaced += line;
         }
     }
-    for (const char* action : { "meddling", "damaging", "starting", "Command11" }) {
+    for (const char* action : { "meddling", "damaging", "starting", "Command11", "taking back" }) {
         if (monkey.LastAction.contains(QLatin1String(action)))
             return;
     }
@@ -492,6 +433,8 @@ void CheckLedgerSteps(Monkey& monkey, const CashBookState& before, const QString
         || monkey.LastAction.contains(QStringLiteral("Command11"))
         || monkey.LastAction.contains(QStringLiteral("reading")) // a link presses Command15
         || monkey.LastAction.contains(QStringLiteral("Text1("))
+        || monkey.LastAction.contains(QStringLiteral("taking back"))
+        || monkey.LastAction.contains(QStringLiteral("aligning"))
         || loaded_before != monkey.Club.program.Year.LoadedYear;
     if (reloaded)
         return;
@@ -512,6 +455,14 @@ void CheckAgainstRedraw(Monkey& monkey)
         Fail(monkey, QStringLiteral("shown as a full redraw would: ") + difference);
 }
 
+/// Whatever happened, it can be had again.
+void CheckHistory(Monkey& monkey)
+{
+    const QString broken = BrokenPromise(monkey.Kept, monkey.Club.program.Files);
+    if (!broken.isEmpty())
+        Fail(monkey, QStringLiteral("the history: ") + broken);
+}
+
 void OneStep(Monkey& monkey)
 {
     struct Way {
@@ -520,8 +471,10 @@ void OneStep(Monkey& monkey)
     };
     static constexpr Way ways[] = { { 40, TypeSomething }, { 30, PressSomething },
         { 30, PickSomething }, { 6, PickADay }, { 4, ToggleSomething }, { 10, ChangeTheTab },
-        { 4, ScrollThePreview }, { 3, ReadAReport }, { 1, MeddleWithFiles }, { 1, DamageAFile },
-        { 2, StepTheYear }, { 1, StartAnew }, { 2, StartAfresh } };
+        { 4, ScrollThePreview }, { 6, ReadAReport }, { 3, LookIntoAWindow }, { 6, TypeAReading },
+        { 2, AlignTheYears }, { 1, CreatePdfs }, { 2, SwitchTheCode }, { 2, ChangeAMeter },
+        { 3, TakeBackByKey }, { 1, MeddleWithFiles }, { 1, DamageAFile }, { 2, StepTheYear },
+        { 1, StartAnew }, { 2, StartAfresh } };
     int all = 0;
     for (const Way& way : ways)
         all += way.share;
@@ -551,6 +504,7 @@ void Prepare(Monkey& monkey)
             return first ? BoxAnswer::Yes : BoxAnswer::No;
         return box.buttons == BoxButtons::Ok || first ? BoxAnswer::Ok : BoxAnswer::Cancel;
     };
+    LookAtFiles(monkey.Kept, program.Files);
     club.Start({ 2017, 11, 20 });
     const QString stick = club.Folder.filePath(QStringLiteral("stick"));
     program.Backup.FindDrive = [stick] { return stick; };
@@ -573,6 +527,34 @@ void Prepare(Monkey& monkey)
 
 } // namespace
 
+void Check(const Monkey& monkey, bool holds, const char* promise)
+{
+    if (!holds)
+        Fail(monkey, QString::fromUtf8(promise));
+}
+
+int Below(Monkey& monkey, qsizetype bound)
+{
+    return static_cast<int>(monkey.Dice.bounded(static_cast<quint32>(bound)));
+}
+
+const QString& AnyText(Monkey& monkey)
+{
+    static const QStringList texts { QStringLiteral("12,50"), QStringLiteral("0,00"), QString(),
+        QStringLiteral("1200"), QStringLiteral("-3,5"), QStringLiteral("abc"),
+        QStringLiteral("Meier"), QStringLiteral("Schulze2"), QStringLiteral("von Łódź; Straße"),
+        QStringLiteral("01.12.2017"), QStringLiteral("31.12.2016"), QStringLiteral("1.3.17"),
+        QStringLiteral("Abrechnung Meier"), QStringLiteral("1.250,00"), QStringLiteral("€ m² ™"),
+        QStringLiteral("Meier,Anna"), QStringLiteral("99999999999999999999") };
+    return texts[Below(monkey, texts.size())];
+}
+
+void TypeKeys(QWidget* field, const QString& text)
+{
+    for (const QChar letter : text) // key by key; QTest::keyClicks knows ASCII only
+        QTest::sendKeyEvent(QTest::Click, field, Qt::Key_unknown, QString(letter), Qt::NoModifier);
+}
+
 int main(int argument_count, char** arguments)
 {
     QApplication application(argument_count, arguments);
@@ -588,6 +570,7 @@ int main(int argument_count, char** arguments)
     monkey.Dice.seed(seed);
     Prepare(monkey);
     CheckPromises(monkey);
+    CheckHistory(monkey);
     for (monkey.Step = 1; monkey.Step <= steps; ++monkey.Step) {
         const CashBookState before = monkey.Club.program.CashBook;
         const QString loaded_before = monkey.Club.program.Year.LoadedYear;
@@ -600,6 +583,10 @@ int main(int argument_count, char** arguments)
         CheckLedgers(monkey, members_before, before);
         CheckLedgerSteps(monkey, before, loaded_before);
         CheckPromises(monkey);
+        const qsizetype confirmed = monkey.Kept.Confirmed.size();
+        CheckHistory(monkey);
+        if (monkey.Kept.Confirmed.size() > confirmed)
+            ++monkey.Done[QStringLiteral("kept by ") + monkey.LastAction];
         if (redraw)
             CheckAgainstRedraw(monkey);
         ++monkey.Done[monkey.LastAction];
@@ -609,10 +596,14 @@ int main(int argument_count, char** arguments)
     if (qEnvironmentVariableIsSet("MONKEY_TELLS")) {
         for (auto action = monkey.Done.cbegin(); action != monkey.Done.cend(); ++action)
             std::printf("%6d %s\n", action.value(), qPrintable(action.key()));
-        std::printf("%6d boxes\n%6d checks of lists against files\n%6d ledgers written\n",
-            monkey.BoxCount, monkey.SettledChecks, monkey.LedgersWritten);
+        std::printf("%6d boxes\n%6d checks of lists against files\n%6d ledgers written\n"
+                    "%6lld kept states\n",
+            monkey.BoxCount, monkey.SettledChecks, monkey.LedgersWritten,
+            static_cast<long long>(monkey.Kept.Confirmed.size()));
     }
-    if (steps >= 1000 && (monkey.SettledChecks < steps / 10 || monkey.BoxCount == 0))
+    if (steps >= 1000
+        && (monkey.SettledChecks < steps / 10 || monkey.BoxCount == 0
+            || monkey.Kept.Confirmed.size() < 20))
         Fail(monkey, QStringLiteral("the walk was too quiet to prove anything"));
     std::printf("monkey: %d steps, seed %u, every promise held\n", steps, seed);
     return 0;
