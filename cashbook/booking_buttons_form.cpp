@@ -5,6 +5,7 @@
 #include "app/program.h"
 #include "cashbook/booking_entry.h"
 #include "cashbook/booking_form.h"
+#include "cashbook/booking_marks_form.h"
 #include "cashbook/date_ordering.h"
 #include "cashbook/ledger_form.h"
 #include "cashbook/ledger_view_form.h"
@@ -27,7 +28,7 @@ void ApplyEntryClicked(Program& program)
     ShowIfStale(program);
     const LedgerEntry booking = ReadEntry(program);
     if (!IsComplete(booking))
-        return; // nothing happens, and nothing is said
+        return TintMissing(program); // nothing else happens, and nothing is said
     const QString line = LineOfEntry(booking);
     ApplyEntry(program.CashBook, ShownAccount(program), line);
     ResetEntry(program);

@@ -1,9 +1,11 @@
-// The frame of the booking that is typed: its fields, the calendar beside them and the marks that
-// say what "OK" would do and what is not saved. What "OK" does stands in ledger_form.
+// The frame of the booking that is typed: its fields and the calendar beside them. What is wrong
+// with them stands in booking_marks_form, what "OK" does in booking_buttons_form.
 #include "cashbook/booking_form.h"
 
 #include "app/program.h"
 #include "cashbook/booking_entry.h"
+#include "cashbook/booking_marks_form.h"
+#include "cashbook/texts.h"
 #include "controls/calendar.h"
 #include "controls/fields.h"
 #include "data/dates.h"
@@ -14,11 +16,13 @@
 #include <QFrame>
 #include <QGridLayout>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 
 #include <memory>
+#include <optional>
 
 namespace {
 
@@ -50,16 +54,6 @@ void MakeEntryFields(CashBookForm& form, QWidget* frame)
     form.Text11->setToolTip(QStringLiteral("Nur ein Hinweis, er wird nicht gebucht"));
 }
 
-/// A text that is there while it has something to say.
-QLabel* MakeMark(QWidget* frame, const QString& name)
-{
-    auto* mark = Named(new QLabel(frame), name);
-    mark->setTextFormat(Qt::PlainText);
-    mark->setBackgroundRole(QPalette::Base);
-    mark->setMargin(FrameSpacing / 4);
-    return mark;
-}
-
 /// A row of its own: its long caption would push the fields above it aside.
 QHBoxLayout* BuildNoteRow(CashBookForm& form, QWidget* frame)
 {
@@ -70,24 +64,36 @@ QHBoxLayout* BuildNoteRow(CashBookForm& form, QWidget* frame)
     return row;
 }
 
-QString SemicolonToolTip(int field)
+/// The date by keys: a day on or back, a month on or back; today where there is none yet.
+bool DateKeyPressed(Program& program, QEvent& event)
 {
-    return field == WithdrawalEntry
-        ? QStringLiteral("Ein „;“ trennt die Felder: was dahinter steht, geht verloren")
-        : QStringLiteral("Ein „;“ trennt die Felder: was dahinter steht, rückt in das nächste "
-                         "Feld, und das letzte geht verloren");
+    QLineEdit* field = program.CashBookTab.Text10[DateEntry];
+    const std::optional<QDate> day = ParseDate(field->text());
+    const auto& press = static_cast<const QKeyEvent&>(event);
+    const auto step = [&](auto stepped) {
+        if (day || field->text().isEmpty())
+            field->setText(ShortDate(day ? stepped(*day) : program.Today()));
+        return true;
+    };
+    switch (press.key()) {
+    case Qt::Key_Up:
+        return step([](const QDate& date) { return date.addDays(1); });
+    case Qt::Key_Down:
+        return step([](const QDate& date) { return date.addDays(-1); });
+    case Qt::Key_PageUp:
+        return step([](const QDate& date) { return date.addMonths(1); });
+    case Qt::Key_PageDown:
+        return step([](const QDate& date) { return date.addMonths(-1); });
+    default:
+        return false;
+    }
 }
 
-void ShowEntryState(Program& program, int field)
+/// The note belongs to a payment; to another booking it says nothing.
+void TextEdited(const Program& program, const QString& text)
 {
-    QLineEdit* control = program.CashBookTab.Text10[static_cast<std::size_t>(field)];
-    const QString text = control->text();
-    if (text.contains(QLatin1Char(';')))
-        Tint(control, TintKind::Wrong, SemicolonToolTip(field));
-    else if (field == DateEntry && !text.isEmpty() && !IsWellFormedDate(text))
-        Tint(control, TintKind::Wrong, QStringLiteral("TT.MM.JJJJ"));
-    else if (field == DateEntry || field == TextEntry)
-        Tint(control, TintKind::None); // the amounts are tinted as all amounts are
+    if (!text.contains(StatementWord))
+        program.CashBookTab.Text11->clear();
 }
 
 /// The way back from another window or from the context menu: the field had the focus all along.
@@ -135,6 +141,8 @@ void ConnectFields(Program& program)
         On(program, form.Text10[i], &QLineEdit::textChanged,
             [i](Program& p) { ShowEntryState(p, static_cast<int>(i)); });
     }
+    On(program, form.Text10[TextEntry], &QLineEdit::textEdited, TextEdited);
+    OnEvent(program, form.Text10[DateEntry], QEvent::KeyPress, DateKeyPressed);
     ShareOneLine({ form.Text10.begin(), form.Text10.end() }, LongestLine);
     SelectOnFocus(program, form.Text10[DepositEntry]);
     SelectOnFocus(program, form.Text10[WithdrawalEntry]);
@@ -150,15 +158,6 @@ void ConnectCalendar(Program& program)
     const QCalendarWidget* calendar = program.CashBookTab.Cal3;
     On(program, calendar, &QCalendarWidget::clicked, PickDay);
     On(program, calendar, &QCalendarWidget::activated, PickDay);
-}
-
-QString UnsavedText(const CashBookState& book)
-{
-    if (book.Bank.Unsaved && book.CashBox.Unsaved)
-        return QStringLiteral("beide Konten nicht gespeichert");
-    if (book.Bank.Unsaved)
-        return QStringLiteral("Konto nicht gespeichert");
-    return book.CashBox.Unsaved ? QStringLiteral("Handkasse nicht gespeichert") : QString();
 }
 
 } // namespace
@@ -184,14 +183,11 @@ QFrame* BuildBookingFrame(Program& program, QWidget* tab)
     const auto caption = [&](std::size_t i) {
         return MakeCaption(frame, form.Text10[i]->accessibleName(), form.Text10[i]);
     };
-    form.ReplaceMark = MakeMark(frame, QStringLiteral("ReplaceMark"));
-    form.UnsavedMark = MakeMark(frame, QStringLiteral("UnsavedMark"));
     auto* grid = new QGridLayout(frame);
     grid->setSpacing(FrameSpacing);
     grid->setColumnStretch(3, 1);
     grid->addWidget(caption(0), 0, 0);
     grid->addWidget(form.Text10[0], 0, 1);
-    grid->addWidget(form.ReplaceMark, 0, 2, 1, 2, Qt::AlignLeft);
     grid->addWidget(caption(1), 1, 0);
     grid->addWidget(form.Text10[1], 1, 1, 1, 3);
     grid->addWidget(caption(2), 2, 0);
@@ -200,7 +196,7 @@ QFrame* BuildBookingFrame(Program& program, QWidget* tab)
     grid->addWidget(form.Text10[3], 2, 3, Qt::AlignLeft);
     grid->addLayout(BuildNoteRow(form, frame), 3, 0, 1, 4);
     grid->setRowStretch(4, 1);
-    grid->addWidget(form.UnsavedMark, 5, 0, 1, 4, Qt::AlignRight);
+    grid->addWidget(BuildUnsavedMark(program, frame), 5, 0, 1, 4, Qt::AlignRight);
     ConnectFields(program);
     return frame;
 }
@@ -224,6 +220,7 @@ void FillEntry(const Program& program, const LedgerEntry& booking)
     form.Text10[WithdrawalEntry]->setText(booking.withdrawal);
     for (QLineEdit* field : form.Text10)
         field->setCursorPosition(0); // a long text is shown from its beginning
+    ShowEntryStates(program);
 }
 
 void FillEmptyAmounts(Program& program)
@@ -236,30 +233,6 @@ void FillEmptyAmounts(Program& program)
 }
 
 void ResetEntryFields(Program& program) { FillEntry(program, { {}, {}, no_amount, no_amount }); }
-
-void ShowReplaceMark(const Program& program, int row)
-{
-    QLabel* mark = program.CashBookTab.ReplaceMark;
-    mark->setText(row < 0 ? QString() : QStringLiteral("„OK“ ersetzt Zeile %1").arg(row + 1));
-}
-
-void ShowUnsavedMark(Program& program, Account shown)
-{
-    QLabel* mark = program.CashBookTab.UnsavedMark;
-    const bool unread = LedgerOf(program.CashBook, shown).Unread;
-    mark->setText(unread ? QStringLiteral("Datei nicht gelesen") : UnsavedText(program.CashBook));
-    mark->setAutoFillBackground(!mark->text().isEmpty());
-    if (unread)
-        Tint(mark, TintKind::Wrong,
-            QStringLiteral("Die Buchungen aus der Datei des Kontos fehlen hier. „Speichern“ liest "
-                           "sie zuerst und fügt hinzu, was seither gebucht wurde."));
-    else if (!mark->text().isEmpty())
-        Tint(mark, TintKind::Unsaved,
-            QStringLiteral("„Speichern“ schreibt die Buchungen des gezeigten Kontos in seine "
-                           "Datei"));
-    else
-        Tint(mark, TintKind::None);
-}
 
 void FocusDate(const Program& program)
 {

@@ -1,4 +1,4 @@
-// The frame of the booking that is typed: fields, calendar, marks.
+// The frame of the booking that is typed: fields and calendar.
 #pragma once
 
 #include "cashbook/ledger.h"
@@ -22,11 +22,5 @@ void ResetEntryFields(Program& program);
 
 /// Amount fields that are empty get "0,00".
 void FillEmptyAmounts(Program& program);
-
-/// ReplaceMark for the row that the next "OK" replaces (0 is the first, -1: none).
-void ShowReplaceMark(const Program& program, int row);
-
-/// UnsavedMark for both accounts, and for the file of the shown one.
-void ShowUnsavedMark(Program& program, Account shown);
 
 void FocusDate(const Program& program); ///< Ctrl+3: Text10(0)

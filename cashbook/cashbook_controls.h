@@ -10,6 +10,7 @@ class QLineEdit;
 class QListWidget;
 class QPushButton;
 class QTableView;
+class QWidget;
 
 /// Positions in Text10.
 enum EntryField { DateEntry, TextEntry, DepositEntry, WithdrawalEntry, EntryFieldCount };
@@ -26,8 +27,14 @@ struct CashBookForm {
     QCalendarWidget* Cal3 = nullptr;
     std::array<QLineEdit*, EntryFieldCount> Text10 {}; ///< date, text, deposit, withdrawal
     QLineEdit* Text11 = nullptr; ///< "Raten Vereinbarung"
-    QLabel* ReplaceMark = nullptr; ///< which row the next "OK" replaces
+
+    // booking_marks_form
     QLabel* UnsavedMark = nullptr; ///< which accounts hold bookings that are not in their file
+
+    // replace_row_form
+    QWidget* ReplaceRow = nullptr; ///< holds the next two
+    QLabel* ReplaceMark = nullptr; ///< which booking the next "OK" replaces
+    QPushButton* KeepRow = nullptr; ///< "nicht ersetzen"
 
     // payment_lists_form
     QListWidget* List4 = nullptr; ///< "Namen"

@@ -8,6 +8,7 @@
 #include "cashbook/ledger_form.h"
 #include "cashbook/ledger_view_form.h"
 #include "cashbook/payment_lists_form.h"
+#include "cashbook/replace_row_form.h"
 #include "controls/fields.h"
 #include "controls/stacking.h"
 
@@ -17,6 +18,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
+#include <QShortcut>
 #include <QTableView>
 #include <QVBoxLayout>
 
@@ -36,6 +38,7 @@ QHBoxLayout* ArrangeBooking(Program& program, QWidget* tab)
     booking->addWidget(BuildCalendar(program, tab));
     QFrame* frame = BuildBookingFrame(program, tab);
     auto* grid = static_cast<QGridLayout*>(frame->layout());
+    grid->addWidget(BuildReplaceRow(program, frame), grid->rowCount(), 0, 1, -1);
     grid->addWidget(
         MakeYearNote(program, frame, YearNoteKind::Save, QStringLiteral("YearNoteLedger")),
         grid->rowCount(), 0, 1, -1);
@@ -70,4 +73,7 @@ void BuildCashBookTab(Program& program, QWidget* tab)
     below->addLayout(ArrangeLists(program, tab), 3);
     column->addLayout(below);
     StackWhenNarrow(below, below, tab);
+    auto* escape = new QShortcut(QKeySequence(Qt::Key_Escape), tab);
+    escape->setContext(Qt::WidgetWithChildrenShortcut);
+    On(program, escape, &QShortcut::activated, StopReplacing);
 }

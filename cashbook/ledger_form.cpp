@@ -71,7 +71,7 @@ bool IsStale(const Program& program, Account account)
 void AskForOldYear(Program& program, Account account)
 {
     MessageBox box;
-    box.text = AskSaveIntoYear(account, LedgerOf(program.CashBook, account).Year);
+    box.text = OldYearQuestion(account, LedgerOf(program.CashBook, account).Year);
     box.title = CashBookHintTitle;
     box.icon = BoxIcon::Question;
     box.buttons = BoxButtons::YesNo;

@@ -38,6 +38,11 @@ bool IsUncounted(const LedgerRow& row, int column)
         || (column == WithdrawalColumn && !row.counted.withdrawal);
 }
 
+bool IsWrong(const LedgerRow& row, int column)
+{
+    return IsUncounted(row, column) || (column == DateColumn && !row.well_dated);
+}
+
 bool IsDarkDesktop() { return QGuiApplication::palette().color(QPalette::Base).lightness() < 128; }
 
 /// A red that can be read on the ground of the table.
@@ -53,7 +58,7 @@ bool IsNothing(const LedgerRow& row, int column)
 QVariant ForegroundOf(const LedgerRow& row, int column)
 {
     const bool negative = IsAmount(column) && ShowsBelowZero(TextOf(row, column));
-    if (negative || IsUncounted(row, column))
+    if (negative || IsWrong(row, column))
         return Red();
     if (IsNothing(row, column))
         return QGuiApplication::palette().color(QPalette::PlaceholderText);
@@ -62,7 +67,7 @@ QVariant ForegroundOf(const LedgerRow& row, int column)
 
 QVariant BackgroundOf(const LedgerRow& row, int column)
 {
-    if (!IsUncounted(row, column))
+    if (!IsWrong(row, column))
         return {};
     return IsDarkDesktop() ? QColor(0x50, 0x24, 0x24) : QColor(0xfa, 0xd8, 0xd8);
 }
@@ -72,6 +77,10 @@ QVariant ToolTipOf(const LedgerRow& row, int column)
     if (IsUncounted(row, column))
         return QStringLiteral("Das ist keine Zahl, der Betrag zählt als 0. Ein Klick auf die Zeile "
                               "holt die Buchung zum Berichtigen in die Felder.");
+    if (IsWrong(row, column))
+        return QStringLiteral("Das ist kein Tag in der Form TT.MM.JJJJ, die Buchung steht deshalb "
+                              "nicht an ihrer Stelle. Ein Klick auf die Zeile holt sie zum "
+                              "Berichtigen in die Felder.");
     constexpr qsizetype longest = 500;
     const QString text = TextOf(row, column).left(longest); // cut off in its column, perhaps
     return text.isEmpty() ? QString() : QStringLiteral("<p>%1</p>").arg(text.toHtmlEscaped());

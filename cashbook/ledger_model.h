@@ -20,8 +20,8 @@ public:
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;
 
-    /// Amounts are right-aligned; below zero they are red, and so is what is no number, on a tinted
-    /// ground. Qt::UserRole is the row's key ("Zeile 1").
+    /// Amounts are right-aligned; below zero they are red, and so is what is no number or no day in
+    /// the form dd.mm.yyyy, on a tinted ground. Qt::UserRole is the row's key ("Zeile 1").
     QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
     QVariant headerData(
         int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;

@@ -71,6 +71,7 @@ LedgerRow RowAt(const LedgerRows& rows, qsizetype position)
     row.withdrawal = FormatText(FieldOrEmpty(fields, Withdrawal), amount_format);
     row.balance = FormatNumber(rows.balances[index], amount_format);
     row.counted = rows.counted[index];
+    row.well_dated = IsWellFormedDate(FieldOrEmpty(fields, BookingDate));
     return row;
 }
 

@@ -34,6 +34,7 @@ struct LedgerRow {
     QString withdrawal;
     QString balance;
     CountedAmounts counted;
+    bool well_dated = true; ///< the stored date is a day in the form dd.mm.yyyy
 };
 
 LedgerRows MakeLedgerRows(const QStringList& ledger);

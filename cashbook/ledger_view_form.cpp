@@ -5,8 +5,10 @@
 #include "app/program.h"
 #include "cashbook/booking_entry.h"
 #include "cashbook/booking_form.h"
+#include "cashbook/booking_marks_form.h"
 #include "cashbook/ledger_model.h"
 #include "cashbook/ledger_rows.h"
+#include "cashbook/replace_row_form.h"
 #include "cashbook/texts.h"
 #include "controls/fields.h"
 #include "controls/picking.h"
@@ -23,6 +25,21 @@
 #include <QTableView>
 
 namespace {
+
+/// A table whose marked row is the one that "OK" replaces: only another row takes the mark away, no
+/// click beside the rows.
+class LedgerTable : public QTableView {
+public:
+    using QTableView::QTableView;
+
+protected:
+    QItemSelectionModel::SelectionFlags selectionCommand(
+        const QModelIndex& index, const QEvent* event) const override
+    {
+        return index.isValid() ? QTableView::selectionCommand(index, event)
+                               : QItemSelectionModel::NoUpdate;
+    }
+};
 
 QFont Larger(const QFont& font, qreal factor)
 {
@@ -156,7 +173,7 @@ QHBoxLayout* BuildLedgerHead(Program& program, QWidget* tab)
 QTableView* BuildLedgerView(Program& program, QWidget* tab)
 {
     CashBookForm& form = program.CashBookTab;
-    auto* view = Named(new QTableView(tab), QStringLiteral("ListView1"));
+    QTableView* view = Named<QTableView>(new LedgerTable(tab), QStringLiteral("ListView1"));
     form.ListView1 = view;
     form.Ledger = new LedgerModel(view);
     view->setModel(form.Ledger);
@@ -225,7 +242,8 @@ void ShowCashBookMarks(Program& program)
 {
     const int row = LineToReplace(program.CashBook, ShownAccount(program));
     SelectMarkedRow(program, row);
-    ShowReplaceMark(program, row);
+    ShowReplaceRow(program, row);
+    ShowEntryStates(program);
     ShowUnsavedMark(program, ShownAccount(program));
     ShowUnsaved(program);
 }

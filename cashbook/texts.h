@@ -17,13 +17,15 @@ inline QString NewYearNotice(const QString& year_text)
 }
 
 /// The bookings of the other year would be gone with the next reading.
-inline QString AskSaveIntoYear(Account account, const BillingYear& year)
+inline QString OldYearQuestion(Account account, const BillingYear& year)
 {
-    return QStringLiteral("Die Buchungen %1 von %2 sind nicht gespeichert. Sollen sie in das Jahr "
-                          "%2 gespeichert werden ?")
-        .arg(account == Account::Bank ? QStringLiteral("des Bankkontos")
-                                      : QStringLiteral("der Handkasse"),
-            year);
+    const QString text = account == Account::Bank
+        ? QStringLiteral(
+            "Die Buchungen des Bankkontos von %1 sind nicht gespeichert. Sollen sie in "
+            "das Jahr %1 gespeichert werden ?")
+        : QStringLiteral("Die Buchungen der Handkasse von %1 sind nicht gespeichert. Sollen sie in "
+                         "das Jahr %1 gespeichert werden ?");
+    return text.arg(year);
 }
 
 // Command15 names the account that a press would switch to.

@@ -131,7 +131,8 @@ private Q_SLOTS:
         QVERIFY(club.Book().LedgerEditMode);
         QCOMPARE(club.Book().SelectedLedgerRow, 4);
         QCOMPARE(club.MarkedRow(), 3);
-        QCOMPARE(club.Control<QLabel>("ReplaceMark")->text(), u"„OK“ ersetzt Zeile 4"_s);
+        QCOMPARE(
+            club.Control<QLabel>("ReplaceMark")->text(), u"OK ersetzt: 04.02.2016 Spende 5,50 €"_s);
     }
 
     void ok_replaces_the_marked_row_and_ends_the_mark()
