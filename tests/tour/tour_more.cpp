@@ -23,10 +23,9 @@ void Tour::PickMore(const QString& entry)
 {
     User->Click(u"More"_s);
     auto* menu = program->Window.More.MoreMenu;
-    const auto* action = menu->findChild<QAction*>(entry);
+    auto* action = menu->findChild<QAction*>(entry);
     QVERIFY2(action != nullptr && menu->isVisible(), qPrintable(entry));
-    QTest::mouseClick(
-        menu, Qt::LeftButton, {}, menu->actionGeometry(const_cast<QAction*>(action)).center());
+    QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(action).center());
     QCoreApplication::processEvents();
 }
 
