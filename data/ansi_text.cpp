@@ -52,10 +52,10 @@ bool BreaksOrControls(QChar character)
 
 } // namespace
 
-QString DecodeAnsi(const QByteArray& bytes)
+QString DecodeAnsi(QByteArrayView bytes)
 {
     QString text(bytes.size(), Qt::Uninitialized);
-    std::transform(bytes.cbegin(), bytes.cend(), text.begin(), [](char byte) {
+    std::transform(bytes.begin(), bytes.end(), text.begin(), [](char byte) {
         const uchar number = static_cast<uchar>(byte);
         if (number < first_special || number > last_special)
             return QChar(char16_t { number });

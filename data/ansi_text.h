@@ -3,11 +3,12 @@
 #pragma once
 
 #include <QByteArray>
+#include <QByteArrayView>
 #include <QString>
 
 /// Every byte becomes one character; the five unassigned bytes become the control characters of the
 /// same number, so that all 256 bytes survive DecodeAnsi and EncodeAnsi.
-QString DecodeAnsi(const QByteArray& bytes);
+QString DecodeAnsi(QByteArrayView bytes);
 
 /// Characters that the code page lacks become their best-fit letter ("Ł" becomes "L"), decomposed
 /// letters are composed first; what has no likeness becomes "?".

@@ -20,8 +20,13 @@ QByteArray LineEndOf(const QByteArray& content)
 
 qsizetype EndOfLine(const QByteArray& content, qsizetype begin, const QByteArray& end_mark)
 {
-    const qsizetype end = content.indexOf(end_mark, begin);
-    return end < 0 ? content.size() : end;
+    const qsizetype before = end_mark.size() - 1; // a CR in front of the LF
+    for (qsizetype feed = content.indexOf('\n', begin); feed >= 0;
+         feed = content.indexOf('\n', feed + 1)) {
+        if (before == 0 || (feed > begin && content[feed - 1] == '\r'))
+            return feed - before;
+    }
+    return content.size();
 }
 
 QString GermanCount(qsizetype count) { return QLocale(QLocale::German).toString(count); }
@@ -79,13 +84,14 @@ QStringList LinesOf(
 {
     const QByteArray content = ReadTextBytes(files, name);
     const QByteArray end_mark = LineEndOf(content);
+    const QString file = FileNameOf(name);
     QStringList lines;
     for (qsizetype begin = 0; begin < content.size();) {
         const qsizetype end = EndOfLine(content, begin, end_mark);
         if (end == begin && reading_end == ReadingEnd::EmptyLine)
             return lines;
-        CheckLine(FileNameOf(name), lines.size() + 1, end - begin, most_lines);
-        lines += DecodeAnsi(content.mid(begin, end - begin));
+        CheckLine(file, lines.size() + 1, end - begin, most_lines);
+        lines += DecodeAnsi(QByteArrayView(content).sliced(begin, end - begin));
         begin = end + end_mark.size();
     }
     return lines;
@@ -133,16 +139,19 @@ QString ReadFirstLine(const DataFiles& files, const QString& name)
 QByteArray BytesOfLines(const QStringList& lines)
 {
     QByteArray content;
-    for (const QString& line : lines)
-        content += EncodeAnsi(line) + line_end;
+    for (const QString& line : lines) {
+        content += EncodeAnsi(line);
+        content += line_end;
+    }
     return content;
 }
 
 void RewriteLines(
     const DataFiles& files, const QString& name, const QStringList& lines, qsizetype most_lines)
 {
+    const QString file = FileNameOf(name);
     for (qsizetype i = 0; i < lines.size(); ++i)
-        CheckLine(FileNameOf(name), i + 1, lines[i].size(), most_lines);
+        CheckLine(file, i + 1, lines[i].size(), most_lines);
     const QByteArray content = BytesOfLines(lines);
     if (content.size() > LargestText)
         throw FileError(files, name, Fault::TooLarge, FileDeed::Write,

@@ -33,6 +33,30 @@ QString NameEntry(const MemberRecord& fields)
     return FieldOrEmpty(fields, Surname) + QLatin1Char(',') + FieldOrEmpty(fields, FirstName);
 }
 
+QString NameEntryOfLine(const QString& line)
+{
+    const QStringView surname = FieldOfLine(line, Surname);
+    const QStringView first_name = FieldOfLine(line, FirstName);
+    QString name;
+    name.reserve(surname.size() + 1 + first_name.size());
+    name += surname;
+    name += u',';
+    name += first_name;
+    return name;
+}
+
+QStringView FieldOfLine(QStringView line, int field)
+{
+    for (; field > 0; --field) {
+        const qsizetype mark = line.indexOf(u';');
+        if (mark < 0)
+            return {};
+        line = line.sliced(mark + 1);
+    }
+    const qsizetype end = line.indexOf(u';');
+    return end < 0 ? line : line.first(end);
+}
+
 QString FirstFourFields(const QStringList& fields)
 {
     QStringList four = fields.mid(0, LedgerFieldCount);

@@ -7,6 +7,7 @@
 
 #include <QString>
 #include <QStringList>
+#include <QStringView>
 
 /// Positions of a member's fields in the record. Also the index of the form's fields Text3(0) to
 /// Text3(11).
@@ -51,6 +52,11 @@ QString FieldOrEmpty(const QStringList& fields, int field);
 
 /// Surname, comma, first name with no blank; missing fields are empty.
 QString NameEntry(const MemberRecord& fields);
+
+/// NameEntry of a line, and one of its fields (0 is the first; empty when it is shorter), for lists
+/// of thousands: the rest of the line is not taken apart.
+QString NameEntryOfLine(const QString& line);
+QStringView FieldOfLine(QStringView line, int field);
 
 /// A booking: date, text, deposit, withdrawal. Positions of the fields of a ledger line.
 enum LedgerField { BookingDate = 0, BookingText, Deposit, Withdrawal, LedgerFieldCount };

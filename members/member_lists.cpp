@@ -26,14 +26,14 @@ void ReadMembersFile(MemberLists& lists, const DataFiles& files, const BillingYe
 {
     const QStringList lines = ReadLines(files, MembersFileName(year_text));
     MemberLists fresh;
+    fresh.RecordList = lines;
+    fresh.NameList.reserve(lines.size());
+    fresh.InstalmentList.reserve(lines.size());
     for (const QString& line : lines) {
-        const MemberRecord fields = SplitRecord(line);
-        const QString name = NameEntry(fields);
-        fresh.RecordList += line;
-        fresh.NameList += name;
-        fresh.CashBookNameList += name;
-        fresh.InstalmentList += FieldOrEmpty(fields, Instalments);
+        fresh.NameList += NameEntryOfLine(line);
+        fresh.InstalmentList += FieldOfLine(line, Instalments).toString();
     }
+    fresh.CashBookNameList = fresh.NameList;
     fresh.StoredList = fresh.RecordList;
     fresh.PreviousYearList = lists.PreviousYearList;
     fresh.PreviousYearMissing = lists.PreviousYearMissing;

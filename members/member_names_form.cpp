@@ -102,10 +102,21 @@ void MarkShiftedRecords(const Program& program)
     for (int row = 0; row < list->count(); ++row) {
         const bool shifted = records.value(row).count(u';') >= MemberFieldCount;
         QListWidgetItem* item = list->item(row);
+        if (!shifted && !item->data(Qt::ToolTipRole).isValid())
+            continue; // as nearly all
         item->setData(Qt::ToolTipRole, shifted ? ShiftText(SplitRecord(records[row])) : QVariant());
         item->setBackground(
             shifted ? QBrush(TintedGround(list, TintKind::Wrong)) : QBrush(Qt::NoBrush));
     }
+}
+
+void ShowOverviewRow(QTreeWidgetItem* item, const QString& row)
+{
+    const QString text = row.left(longest_shown_name);
+    if (item->text(0) == text)
+        return;
+    item->setText(0, text);
+    item->setToolTip(0, text);
 }
 
 } // namespace
@@ -185,14 +196,16 @@ void ShowMemberOverview(Program& program, const QStringList& rows)
     QTreeWidget* overview = program.NameLists.ListView2;
     const QSignalBlocker silent(overview);
     const int scrolled = overview->verticalScrollBar()->value();
-    overview->clear();
-    overview->setHeaderLabels({ QStringLiteral("Namen") });
+    while (overview->topLevelItemCount() > rows.size())
+        delete overview->takeTopLevelItem(overview->topLevelItemCount() - 1);
+    const int known = overview->topLevelItemCount();
+    for (int row = 0; row < known; ++row)
+        ShowOverviewRow(overview->topLevelItem(row), rows[row]);
     QList<QTreeWidgetItem*> items;
-    for (qsizetype row = 0; row < rows.size(); ++row) {
+    for (qsizetype row = known; row < rows.size(); ++row) {
         auto* item = new QTreeWidgetItem;
-        item->setText(0, rows[row].left(longest_shown_name));
-        item->setToolTip(0, item->text(0));
         item->setData(0, Qt::UserRole, QStringLiteral("Zeile ") + QString::number(row + 1));
+        ShowOverviewRow(item, rows[row]);
         items += item;
     }
     overview->addTopLevelItems(items);
