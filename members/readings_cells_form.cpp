@@ -69,7 +69,8 @@ void ShowCell(QTableWidget* table, int row, int column, const QString& text)
 
 void TintCell(QTableWidgetItem* item, TintKind kind, const QString& reason)
 {
-    item->setData(Qt::ToolTipRole, reason.isEmpty() ? QVariant() : reason);
+    for (const int role : { Qt::ToolTipRole, Qt::AccessibleDescriptionRole })
+        item->setData(role, reason.isEmpty() ? QVariant() : reason);
     item->setBackground(kind == TintKind::None ? QBrush(Qt::NoBrush)
                                                : QBrush(TintedGround(item->tableWidget(), kind)));
 }

@@ -156,6 +156,8 @@ private Q_SLOTS:
         ReadingsClub::TypeNumber(99);
         club.Press(Qt::Key_Return);
         QVERIFY(club.Cell(0, u"Strom Ende"_s)->toolTip().contains(u"unter dem Anfangsstand"_s));
+        QCOMPARE(club.Cell(0, u"Strom Ende"_s)->data(Qt::AccessibleDescriptionRole).toString(),
+            club.Cell(0, u"Strom Ende"_s)->toolTip()); // for a screen reader
         QTest::keyClick(QApplication::focusWidget(), 'x');
         club.Press(Qt::Key_Return);
         QCOMPARE(club.Table()->currentRow(), 2);
