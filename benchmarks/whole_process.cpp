@@ -78,9 +78,8 @@ double Start(int members) { return FirstPaint(members, 0); }
 double StartWithBookings(int bookings) { return FirstPaint(30, bookings); }
 
 /// Presses the button again and again, each time after the same change of the form.
-double Press(int members, QPushButton* (*button)(Program&), void (*change)(Program&, int))
+double PressIn(MadeUpClub& club, QPushButton* (*button)(Program&), void (*change)(Program&, int))
 {
-    MadeUpClub club(members, 0);
     club.Open();
     int round = 0;
     return BestOf(runs, [&] {
@@ -88,6 +87,12 @@ double Press(int members, QPushButton* (*button)(Program&), void (*change)(Progr
         button(club.program)->click();
         QCoreApplication::processEvents();
     });
+}
+
+double Press(int members, QPushButton* (*button)(Program&), void (*change)(Program&, int))
+{
+    MadeUpClub club(members, 0);
+    return PressIn(club, button, change);
 }
 
 QPushButton* ButtonNamed(Program& program, const char* name)
@@ -108,11 +113,20 @@ double SaveMember(int members)
         [](Program& p, int round) { Type(p, "Text3(4)", round); });
 }
 
-double EnterReading(int members)
+QPushButton* OkOfReadings(Program& program) { return ButtonNamed(program, "Command2"); }
+
+void TypeReading(Program& program, int round) { Type(program, "Text1(1)", 2000 + round); }
+
+double EnterReading(int members) { return Press(members, OkOfReadings, TypeReading); }
+
+/// No history is kept: a file lies where its folder would be, so that each save drops its record.
+double EnterReadingUnkept(int members)
 {
-    return Press(
-        members, [](Program& p) { return ButtonNamed(p, "Command2"); },
-        [](Program& p, int round) { Type(p, "Text1(1)", 2000 + round); });
+    MadeUpClub club(members, 0);
+    QFile in_the_way(club.Folder.filePath(u"state/verlauf"_s));
+    if (!in_the_way.open(QIODevice::WriteOnly))
+        qFatal("cannot write");
+    return PressIn(club, OkOfReadings, TypeReading);
 }
 
 double LoadTheYear(int members)
@@ -292,10 +306,11 @@ const std::map<QString, Case>& Cases()
 {
     static const std::map<QString, Case> cases { { u"window"_s, EmptyWindow },
         { u"start"_s, Start }, { u"bookings"_s, StartWithBookings }, { u"save"_s, SaveMember },
-        { u"reading"_s, EnterReading }, { u"load"_s, LoadTheYear }, { u"prices"_s, SavePrices },
-        { u"rewrite"_s, RewriteAndRead }, { u"pdf"_s, PrintAll }, { u"bare-pdf"_s, BarePdf },
-        { u"page"_s, NextPageShown }, { u"key"_s, KeyInAField }, { u"ledger"_s, OpenLedger },
-        { u"book"_s, Book }, { u"sort"_s, SortPlainly } };
+        { u"reading"_s, EnterReading }, { u"unkept"_s, EnterReadingUnkept },
+        { u"load"_s, LoadTheYear }, { u"prices"_s, SavePrices }, { u"rewrite"_s, RewriteAndRead },
+        { u"pdf"_s, PrintAll }, { u"bare-pdf"_s, BarePdf }, { u"page"_s, NextPageShown },
+        { u"key"_s, KeyInAField }, { u"ledger"_s, OpenLedger }, { u"book"_s, Book },
+        { u"sort"_s, SortPlainly } };
     return cases;
 }
 
