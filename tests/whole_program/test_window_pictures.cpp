@@ -1,7 +1,10 @@
 // Pictures of every tab as users have it: small and large windows, large letters, a dark desktop;
 // run a second time on a fine screen. They lie in out/ for whoever changes the looks of something.
 #include "controls/fields.h"
+#include "outgoing/payment_code.h"
+#include "statement/statement_pages.h"
 #include "tests/support/more_club.h"
+#include "tests/support/page_picture.h"
 #include "tests/support/test_file.h"
 
 #include <QApplication>
@@ -101,6 +104,60 @@ private Q_SLOTS:
         TakePictures(size, dark);
         QApplication::setPalette(palette_before);
         QApplication::setFont(font_before);
+    }
+
+    /// The code of an ordinary bill, and the largest one: long name, long purpose.
+    void the_page_with_a_code_is_pictured_data()
+    {
+        QTest::addColumn<QString>("payee");
+        QTest::addColumn<QString>("iban");
+        QTest::addColumn<int>("garden_length");
+        QTest::addColumn<int>("version");
+        QTest::newRow("code-klein")
+            << u"KGV Am Mühlgraben e.V. Rotenfeld"_s << u"DE27 1002 0030 0012 3456 78"_s << 1 << 8;
+        QTest::newRow("code-gross")
+            << QString(70, u'Ä') << u"MT84 MALT 0110 0001 2345 MTLC AST0 01S"_s << 120 << 13;
+    }
+
+    void the_page_with_a_code_is_pictured()
+    {
+        QFETCH(QString, payee);
+        QFETCH(QString, iban);
+        QFETCH(int, garden_length);
+        QFETCH(int, version);
+        TestClub club;
+        club.CopyExample(u"ordinary-year"_s);
+        club.Start({ 2017, 11, 20 });
+        club.program.Bank.Iban = iban;
+        MemberRecord fields = SplitRecord(club.program.Members.RecordList[0]);
+        fields[PlotNumber] = QString(garden_length, u'Ö');
+        club.program.Members.RecordList[0] = JoinRecord(fields);
+        DrawStatementPages(club.program);
+        const PageCode code = CodeOfPage(club.program.Statement, payee, 0);
+        QCOMPARE(code.Reason, QString());
+        QCOMPARE(code.Squares.Side, 17 + 4 * version);
+        club.program.Statement.AddedItems = [&](const PageBill&) { return ItemsOfCode(code); };
+        constexpr double scale = 2.0;
+        const QImage with = PagePicture(club.program.Statement, 0, scale);
+        QVERIFY(with.save(QStringLiteral(PARZELLO_ROOT "/out/ansicht-%1.png")
+                              .arg(QString::fromLatin1(QTest::currentDataTag()))));
+        club.program.Statement.AddedItems = nullptr;
+        const QImage without = PagePicture(club.program.Statement, 0, scale);
+        // where the code and its quiet zone lie, the bill has left the paper white
+        const PageBox box = CodeSpace(code.Squares.Side);
+        const QRectF space(
+            box.x1 * scale, box.y1 * scale, (box.x2 - box.x1) * scale, (box.y2 - box.y1) * scale);
+        int painted = 0;
+        for (int y = 0; y < with.height(); ++y) {
+            for (int x = 0; x < with.width(); ++x) {
+                const bool changed = with.pixel(x, y) != without.pixel(x, y);
+                const bool inside = space.contains(x, y);
+                painted += changed ? 1 : 0;
+                QVERIFY(inside || !changed);
+                QVERIFY(!inside || without.pixelColor(x, y) == QColor(Qt::white));
+            }
+        }
+        QVERIFY(painted > 1000);
     }
 
     void boxes_to_tick_are_seen_on_a_dark_desktop_data()
