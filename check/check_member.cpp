@@ -16,7 +16,7 @@ void TakeApart(CheckMember& member, QStringView line, MemberField first_number)
     }
     member.Whole = member.FieldCount == MemberFieldCount;
     for (auto field = static_cast<std::size_t>(first_number); field < MemberFieldCount; ++field)
-        member.Numbers[field] = ParseDouble(member.Fields[field]);
+        member.Numbers[field - PlotSize] = ParseDouble(member.Fields[field]);
 }
 
 } // namespace

@@ -18,7 +18,7 @@ struct CheckMember {
     std::array<QString, MemberFieldCount + 1> Fields;
     qsizetype FieldCount = 0; ///< of the line
     bool Whole = true; ///< exactly 16 fields
-    std::array<ParsedDouble, MemberFieldCount> Numbers; ///< by field, see NumberIn
+    std::array<ParsedDouble, MemberFieldCount - PlotSize> Numbers; ///< see NumberIn
 };
 
 /// The lines taken apart; the numbers are those from that field on, plot size at the earliest.
@@ -30,10 +30,10 @@ inline const QString& FieldOf(const CheckMember& member, int field)
     return member.Fields[static_cast<std::size_t>(field)];
 }
 
-/// The field as number; of last year's lines the readings alone.
+/// A field from plot size on as number; of last year's lines the readings alone.
 inline const ParsedDouble& NumberIn(const CheckMember& member, int field)
 {
-    return member.Numbers[static_cast<std::size_t>(field)];
+    return member.Numbers[static_cast<std::size_t>(field - PlotSize)];
 }
 
 /// True for an empty field and for a number that is 0.

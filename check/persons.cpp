@@ -42,8 +42,11 @@ Numbered NumberTexts(const std::vector<CheckMember>& members,
     };
     for (const CheckMember& member : members)
         numbered.here.push_back(number(member));
-    for (const CheckMember& member : last_year)
-        numbered.there.push_back(number(member));
+    for (std::size_t line = 0; line < last_year.size(); ++line) {
+        const bool same = line < members.size() // most stand where they stood
+            && FieldOf(members[line], field) == FieldOf(last_year[line], field);
+        numbered.there.push_back(same ? numbered.here[line] : number(last_year[line]));
+    }
     numbered.count = known.Count();
     return numbered;
 }

@@ -29,7 +29,7 @@ std::size_t SpreadText(QStringView text)
 TextNumbers::TextNumbers(std::size_t most)
     : m_places(std::bit_ceil(2 * most + 1))
 {
-    m_texts.reserve(most);
+    m_texts.reserve(most / 2);
 }
 
 std::size_t TextNumbers::PlaceOf(QStringView text) const

@@ -64,6 +64,7 @@ void ReloadAfterWriting(Program& program)
     ClearFields(program, 0);
     program.Member.CurrentMember = -1;
     program.Year.LoadedYear = program.Year.YearText; // the lists are that year's file now
+    const RedrawsPostponed until_done(program);
     RebuildStatementPages(program);
     RunStep(program, LoadYear);
     if (program.Member.CurrentMember >= 0)
