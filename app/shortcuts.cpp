@@ -3,8 +3,10 @@
 #include "app/manual.h"
 #include "app/program.h"
 #include "cashbook/booking_form.h"
+#include "cashbook/ledger_search_form.h"
 #include "history/history_form.h"
 #include "members/member_names_form.h"
+#include "members/member_search_form.h"
 #include "settings/bank_frames_form.h"
 #include "settings/price_frame_form.h"
 #include "statement/statement_form.h"
@@ -81,6 +83,25 @@ void GoToWork(Program& program, Tab tab)
         FocusFirstField(program, tab);
 }
 
+/// What is searched is the list of the tab in front.
+void Search(Program& program)
+{
+    const int tab = program.Window.SSTab1->currentIndex();
+    if (tab == MembersTab)
+        OpenMemberSearch(program);
+    else if (tab == CashBookTab)
+        OpenLedgerSearch(program);
+}
+
+void StepHit(Program& program, int direction)
+{
+    const int tab = program.Window.SSTab1->currentIndex();
+    if (tab == MembersTab)
+        StepMemberHit(program, direction);
+    else if (tab == CashBookTab)
+        StepLedgerHit(program, direction);
+}
+
 } // namespace
 
 void BuildShortcuts(Program& program)
@@ -98,6 +119,9 @@ void BuildShortcuts(Program& program)
         if (BringToFront(p, StatementTab))
             p.PrintFrame.Command6->click();
     });
+    Key(program, QKeySequence(QStringLiteral("Ctrl+F")), Search);
+    Key(program, QKeySequence(Qt::Key_F3), [](Program& p) { StepHit(p, 1); });
+    Key(program, QKeySequence(QStringLiteral("Shift+F3")), [](Program& p) { StepHit(p, -1); });
     Key(program, QKeySequence(QStringLiteral("Ctrl+Z")), TakeBackTheLast);
     Key(program, QKeySequence(Qt::Key_F1), ShowManual);
 }

@@ -23,6 +23,11 @@ struct CashBookForm {
     LedgerModel* Ledger = nullptr; ///< what ListView1 shows
     bool MarkingByCode = false; ///< the selection of ListView1 is being set by code
 
+    // ledger_search_form
+    QWidget* LedgerSearchRow = nullptr; ///< holds the next two
+    QLineEdit* LedgerSearch = nullptr; ///< what is searched
+    QLabel* LedgerSearchHits = nullptr; ///< what was found
+
     // booking_form
     QCalendarWidget* Cal3 = nullptr;
     std::array<QLineEdit*, EntryFieldCount> Text10 {}; ///< date, text, deposit, withdrawal

@@ -6,6 +6,7 @@
 #include "cashbook/booking_buttons_form.h"
 #include "cashbook/booking_form.h"
 #include "cashbook/ledger_form.h"
+#include "cashbook/ledger_search_form.h"
 #include "cashbook/ledger_view_form.h"
 #include "cashbook/payment_lists_form.h"
 #include "cashbook/replace_row_form.h"
@@ -56,6 +57,15 @@ QHBoxLayout* ArrangeLists(Program& program, QWidget* tab)
     return lists;
 }
 
+/// The way out of what was begun last: the search while words are typed, then the replacing.
+void EscapePressed(Program& program)
+{
+    if (program.CashBook.LedgerEditMode && !IsSearching(program))
+        StopReplacing(program);
+    else
+        CloseLedgerSearch(program);
+}
+
 } // namespace
 
 void BuildCashBookTab(Program& program, QWidget* tab)
@@ -66,6 +76,7 @@ void BuildCashBookTab(Program& program, QWidget* tab)
     column->addLayout(ArrangeHead(program, tab));
     column->addWidget(
         MakeYearNote(program, tab, YearNoteKind::Balance, QStringLiteral("YearNoteBalance")));
+    column->addWidget(BuildLedgerSearch(program, tab));
     column->addWidget(BuildLedgerView(program, tab), 1);
     auto* below = new QBoxLayout(QBoxLayout::LeftToRight);
     below->setSpacing(TabSpacing);
@@ -75,5 +86,5 @@ void BuildCashBookTab(Program& program, QWidget* tab)
     StackWhenNarrow(below, below, tab);
     auto* escape = new QShortcut(QKeySequence(Qt::Key_Escape), tab);
     escape->setContext(Qt::WidgetWithChildrenShortcut);
-    On(program, escape, &QShortcut::activated, StopReplacing);
+    On(program, escape, &QShortcut::activated, EscapePressed);
 }

@@ -7,6 +7,7 @@
 #include "cashbook/booking_form.h"
 #include "cashbook/date_ordering.h"
 #include "cashbook/ledger_opening.h"
+#include "cashbook/ledger_search_form.h"
 #include "cashbook/ledger_view_form.h"
 #include "cashbook/member_marks.h"
 #include "cashbook/payment_lists_form.h"
@@ -209,6 +210,7 @@ void ShowLedger(Program& program)
     else
         SortCurrentLedger(program);
     ShowLedgerRows(program);
+    ShowLedgerHits(program);
     if (reloads)
         ShowLedgerRow(program, -1); // the last bookings are the ones that are looked for
     ShowCashBookMarks(program);

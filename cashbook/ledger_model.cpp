@@ -4,6 +4,8 @@
 #include <QGuiApplication>
 #include <QPalette>
 
+#include <algorithm>
+
 namespace {
 
 bool IsAmount(int column) { return column >= DepositColumn; }
@@ -72,6 +74,13 @@ QVariant BackgroundOf(const LedgerRow& row, int column)
     return IsDarkDesktop() ? QColor(0x50, 0x24, 0x24) : QColor(0xfa, 0xd8, 0xd8);
 }
 
+QColor HitGround() { return IsDarkDesktop() ? QColor(0x4a, 0x42, 0x10) : QColor(0xff, 0xf3, 0xb0); }
+
+QColor CurrentHitGround()
+{
+    return IsDarkDesktop() ? QColor(0x80, 0x66, 0x00) : QColor(0xff, 0xd0, 0x40);
+}
+
 QVariant ToolTipOf(const LedgerRow& row, int column)
 {
     if (IsUncounted(row, column))
@@ -99,7 +108,33 @@ void LedgerModel::SetRows(const LedgerRows& rows)
 {
     beginResetModel();
     m_rows = rows;
+    m_hits.clear();
+    m_current_hit = -1;
     endResetModel();
+}
+
+void LedgerModel::SetHits(const std::vector<int>& rows)
+{
+    if (rows.empty() && m_hits.empty())
+        return;
+    m_hits = rows;
+    SetCurrentHit(-1);
+}
+
+void LedgerModel::SetCurrentHit(int hit)
+{
+    m_current_hit = hit;
+    if (rowCount() > 0)
+        Q_EMIT dataChanged(
+            index(0, 0), index(rowCount() - 1, columnCount() - 1), { Qt::BackgroundRole });
+}
+
+QVariant LedgerModel::Ground(const LedgerRow& row, const QModelIndex& index) const
+{
+    const auto hit = std::lower_bound(m_hits.begin(), m_hits.end(), index.row());
+    if (hit == m_hits.end() || *hit != index.row())
+        return BackgroundOf(row, index.column());
+    return hit - m_hits.begin() == m_current_hit ? CurrentHitGround() : HitGround();
 }
 
 int LedgerModel::rowCount(const QModelIndex& parent) const
@@ -125,7 +160,7 @@ QVariant LedgerModel::data(const QModelIndex& index, int role) const
     case Qt::ForegroundRole:
         return ForegroundOf(row, index.column());
     case Qt::BackgroundRole:
-        return BackgroundOf(row, index.column());
+        return Ground(row, index);
     case Qt::ToolTipRole:
         return ToolTipOf(row, index.column());
     case Qt::UserRole:

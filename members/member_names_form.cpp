@@ -5,7 +5,7 @@
 #include "controls/fields.h"
 #include "controls/frames.h"
 #include "data/records.h"
-#include "members/record_doubts.h"
+#include "members/member_search_form.h"
 
 #include <QGroupBox>
 #include <QLabel>
@@ -94,22 +94,6 @@ void ConnectOverview(Program& program)
     OnEvent(program, overview->viewport(), QEvent::MouseButtonPress, OverviewPressed);
 }
 
-/// Names whose line has too many fields.
-void MarkShiftedRecords(const Program& program)
-{
-    QListWidget* list = program.NameLists.List1;
-    const QStringList& records = program.Members.RecordList;
-    for (int row = 0; row < list->count(); ++row) {
-        const bool shifted = records.value(row).count(u';') >= MemberFieldCount;
-        QListWidgetItem* item = list->item(row);
-        if (!shifted && !item->data(Qt::ToolTipRole).isValid())
-            continue; // as nearly all
-        item->setData(Qt::ToolTipRole, shifted ? ShiftText(SplitRecord(records[row])) : QVariant());
-        item->setBackground(
-            shifted ? QBrush(TintedGround(list, TintKind::Wrong)) : QBrush(Qt::NoBrush));
-    }
-}
-
 void ShowOverviewRow(QTreeWidgetItem* item, const QString& row)
 {
     const QString text = row.left(longest_shown_name);
@@ -131,6 +115,7 @@ QGroupBox* BuildNameList(Program& program, QWidget* parent)
     form.List1->setToolTip(
         QStringLiteral("Pfeiltasten wählen ein Mitglied, Tippen sucht den Nachnamen."));
     FillFrame(frame, form.List1);
+    static_cast<QVBoxLayout*>(frame->layout())->insertWidget(0, BuildMemberSearch(program, frame));
     form.FirstSteps = MakeFirstSteps(form.List1);
     ConnectNames(program);
     return frame;
@@ -186,7 +171,7 @@ void ShowNameList(Program& program)
         else if (list->item(row)->text() != name)
             list->item(row)->setText(name);
     }
-    MarkShiftedRecords(program);
+    ShowNameMarks(program);
     program.NameLists.FirstSteps->setVisible(names.isEmpty());
     MarkShownMember(program);
 }

@@ -3,8 +3,11 @@
 
 #include <QStringList>
 
+#include <vector>
+
 class QGroupBox;
 class QLabel;
+class QLineEdit;
 class QListWidget;
 class QTreeWidget;
 class QWidget;
@@ -12,6 +15,11 @@ struct Program;
 
 struct MemberNamesForm {
     QListWidget* List1 = nullptr; ///< "Mitglieder Namen"
+    QWidget* MemberSearchRow = nullptr; ///< above List1; holds the next two
+    QLineEdit* MemberSearch = nullptr; ///< what is searched
+    QLabel* MemberSearchHits = nullptr; ///< what was found
+    std::vector<int> Hits; ///< rows of List1 that it found
+    int CurrentHit = -1; ///< of these; -1: none
     QLabel* FirstSteps = nullptr; ///< on List1 while there is no member
     QTreeWidget* ListView2 = nullptr; ///< member overview in the frame "Mittglieder"
 };
