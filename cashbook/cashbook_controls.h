@@ -2,6 +2,8 @@
 #pragma once
 
 #include <array>
+#include <optional>
+#include <vector>
 
 class LedgerModel;
 class QCalendarWidget;
@@ -43,6 +45,7 @@ struct CashBookForm {
 
     // payment_lists_form
     QListWidget* List4 = nullptr; ///< "Namen"
+    std::optional<std::vector<bool>> PartPaid; ///< by member; nothing until a mark is painted
     QListWidget* List9 = nullptr; ///< "sich wiederholende Vorgänge"
 
     // ledger_form

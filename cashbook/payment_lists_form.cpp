@@ -10,13 +10,18 @@
 #include "cashbook/texts.h"
 #include "controls/fields.h"
 #include "controls/picking.h"
+#include "controls/roomy_rows.h"
+#include "money/money_form.h"
 
+#include <QHelpEvent>
+#include <QItemSelectionModel>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QScrollBar>
 #include <QSignalBlocker>
+#include <QToolTip>
 #include <QVBoxLayout>
 
 namespace {
@@ -35,6 +40,61 @@ protected:
     {
         return QItemSelectionModel::NoUpdate;
     }
+};
+
+/// Paints a paid mark paler while part of the bill is still owed. Who owes what is found when a
+/// mark is painted for the first time after bookings or bills changed.
+class PaidMarkDelegate : public RoomyRows {
+public:
+    PaidMarkDelegate(Program& program, QObject* parent)
+        : RoomyRows(parent)
+        , m_program(program)
+    {
+    }
+
+    /// The tool tip of a marked name says what is paid, as of now.
+    bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
+        const QModelIndex& index) override
+    {
+        if (event->type() != QEvent::ToolTip || !view->selectionModel()->isSelected(index))
+            return RoomyRows::helpEvent(event, view, option, index);
+        const QString tip = PaidTip(m_program, index.row());
+        QToolTip::showText(event->globalPos(),
+            index.data(Qt::ToolTipRole).toString() + (tip.isEmpty() ? tip : u'\n' + tip), view);
+        return true;
+    }
+
+protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override
+    {
+        RoomyRows::initStyleOption(option, index);
+        if (!option->state.testFlag(QStyle::State_Selected) || !IsPartPaid(index.row()))
+            return;
+        option->palette.setColor(QPalette::Highlight, PalerMark(option->palette));
+        option->palette.setColor(
+            QPalette::HighlightedText, option->palette.color(QPalette::Active, QPalette::Text));
+    }
+
+private:
+    bool IsPartPaid(int member) const
+    {
+        std::optional<std::vector<bool>>& part_paid = m_program.CashBookTab.PartPaid;
+        if (!part_paid)
+            part_paid = PartPaidMembers(m_program);
+        return static_cast<std::size_t>(member) < part_paid->size()
+            && part_paid->at(static_cast<std::size_t>(member));
+    }
+
+    static QColor PalerMark(const QPalette& palette)
+    {
+        const QColor mark = palette.color(QPalette::Active, QPalette::Highlight);
+        const QColor ground = palette.color(QPalette::Active, QPalette::Base);
+        const auto between = [](int a, int b) { return (a + 2 * b) / 3; };
+        return { between(mark.red(), ground.red()), between(mark.green(), ground.green()),
+            between(mark.blue(), ground.blue()) };
+    }
+
+    Program& m_program;
 };
 
 QVBoxLayout* WithCaption(QListWidget* list, const QString& caption, QWidget* tab)
@@ -161,7 +221,9 @@ QVBoxLayout* BuildNames(Program& program, QWidget* tab)
         QStringLiteral("Markiert ist, wessen Abrechnung in diesem Konto gebucht ist. Die Leertaste "
                        "oder die Eingabetaste schlägt die Zahlung vor."));
     ConnectNames(program);
-    return WithCaption(form.List4, QStringLiteral("Namen"), tab);
+    QVBoxLayout* column = WithCaption(form.List4, QStringLiteral("Namen"), tab);
+    form.List4->setItemDelegate(new PaidMarkDelegate(program, form.List4));
+    return column;
 }
 
 void ShowCashBookNames(Program& program)
@@ -181,6 +243,8 @@ void ShowPaidMarks(Program& program)
     QListWidget* list = program.CashBookTab.List4;
     const QVector<bool> marks = PaidMarks(program.Members.CashBookNameList, CurrentLedger(program));
     const QSignalBlocker silent(list);
+    program.CashBookTab.PartPaid.reset();
+    list->viewport()->update();
     for (qsizetype i = 0; i < marks.size() && i < list->count(); ++i)
         MarkPaid(list->item(static_cast<int>(i)), marks[i]);
 }

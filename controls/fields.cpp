@@ -1,18 +1,17 @@
 #include "controls/fields.h"
 
 #include "controls/events.h"
+#include "controls/outline.h"
+#include "controls/roomy_rows.h"
 #include "data/ansi_text.h"
 #include "data/german_numbers.h"
 
 #include <QAbstractItemView>
 #include <QFocusEvent>
-#include <QHelpEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPalette>
 #include <QPushButton>
-#include <QStyledItemDelegate>
-#include <QToolTip>
 #include <QVariant>
 
 #include <algorithm>
@@ -25,9 +24,6 @@ constexpr char tint_property[] = "tint";
 constexpr char own_tool_tip_property[] = "own_tool_tip";
 constexpr char first_click_property[] = "first_click";
 constexpr char read_only_property[] = "looks_read_only";
-constexpr int row_margin = 3; // above and below the text of a row
-constexpr int half_light = 128;
-constexpr int outline_shade = 130; // percent; styles draw the outline darker still
 constexpr int text_margin = 14; // frame and inner margins of a line edit, left and right
 
 /// The first character that the files cannot hold, and what stands in for it; empty when all can.
@@ -131,41 +127,6 @@ QPalette OwnPalette(const QWidget* control)
         palette.setColor(QPalette::Base, palette.color(QPalette::Window));
     return palette;
 }
-
-/// Colours the outline of boxes to tick so that it is seen on a dark ground.
-void ClearOutline(QPalette& palette, const QPalette& of)
-{
-    if (of.color(QPalette::Base).lightness() < half_light)
-        palette.setColor(QPalette::Window, of.color(QPalette::Text).darker(outline_shade));
-}
-
-class RoomyRows : public QStyledItemDelegate {
-public:
-    using QStyledItemDelegate::QStyledItemDelegate;
-
-    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override
-    {
-        return QStyledItemDelegate::sizeHint(option, index) + QSize(0, 2 * row_margin);
-    }
-
-    /// A text that is cut off at large fonts is told whole by the tool tip, unless the row has one.
-    bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
-        const QModelIndex& index) override
-    {
-        const bool cut_off = sizeHint(option, index).width() > option.rect.width();
-        if (event->type() != QEvent::ToolTip || !cut_off || index.data(Qt::ToolTipRole).isValid())
-            return QStyledItemDelegate::helpEvent(event, view, option, index);
-        QToolTip::showText(event->globalPos(), index.data().toString(), view);
-        return true;
-    }
-
-protected:
-    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override
-    {
-        QStyledItemDelegate::initStyleOption(option, index);
-        ClearOutline(option->palette, option->palette);
-    }
-};
 
 } // namespace
 

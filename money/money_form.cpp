@@ -103,6 +103,15 @@ QString PaidTip(const Program& program, int member)
     return position < items.Members.size() ? PaidText(items.Members[position]) : QString();
 }
 
+std::vector<bool> PartPaidMembers(const Program& program)
+{
+    MoneySource source = ReadMoneySource(ClubOf(program));
+    std::vector<bool> part_paid;
+    for (const OpenItem& item : FindOpenItems(source).Members)
+        part_paid.push_back(item.bill && RestOf(item) > 0);
+    return part_paid;
+}
+
 void ProposeRest(Program& program, int member)
 {
     MoneySource source = ReadMoneySource(ClubOf(program));

@@ -251,6 +251,7 @@ void DrawStatementPages(Program& program)
     FitScrollBar(program);
     ShowWhatWillBePrinted(program);
     ShowPage(program);
+    program.CashBookTab.PartPaid.reset(); // the bills may be others
     TellRedraw(program);
 }
 
