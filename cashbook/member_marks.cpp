@@ -7,6 +7,9 @@
 #include <QDir>
 #include <QSet>
 
+#include <array>
+#include <vector>
+
 namespace {
 
 QString SurnameOf(const QString& name) { return name.section(QLatin1Char(','), 0, 0); }
@@ -25,17 +28,37 @@ QSet<QString> SpecialBillings(const DataFiles& files)
     return folded;
 }
 
-/// The texts of all statement payments in one. No surname and no text contains ";", so a surname
-/// found in it stands within one of the texts.
-QString StatementTexts(const QStringList& ledger)
+/// The text of a booking without taking the rest of its line apart.
+QStringView TextOf(QStringView line)
 {
-    QString texts;
-    for (const QString& line : ledger) {
-        const QString text = FieldOrEmpty(SplitRecord(line), BookingText);
-        if (text.contains(StatementWord))
-            texts += text + QLatin1Char(';');
+    const qsizetype begin = line.indexOf(u';') + 1;
+    const qsizetype end = line.indexOf(u';', begin);
+    return begin == 0 ? QStringView() : line.mid(begin, end < 0 ? -1 : end - begin);
+}
+
+struct Wanted {
+    QString Surname;
+    qsizetype Member;
+};
+
+/// Surnames that were not found yet, by their first letter, so that one pass over the texts looks
+/// at few of them in each place.
+using WantedNames = std::array<std::vector<Wanted>, 256>;
+
+std::vector<Wanted>& BeginningWith(WantedNames& wanted, QChar letter)
+{
+    return wanted.at(letter.unicode() % std::tuple_size_v<WantedNames>);
+}
+
+void MarkNamesIn(QStringView text, WantedNames& wanted, QVector<bool>& marks)
+{
+    for (qsizetype place = 0; place < text.size(); ++place) {
+        std::erase_if(BeginningWith(wanted, text[place]), [&](const Wanted& name) {
+            const bool is_there = text.mid(place).startsWith(name.Surname);
+            marks[name.Member] = marks[name.Member] || is_there;
+            return is_there;
+        });
     }
-    return texts;
 }
 
 } // namespace
@@ -55,9 +78,23 @@ QVector<bool> PaidMarks(const QStringList& names, const QStringList& ledger)
 {
     if (ledger.isEmpty())
         return {};
-    const QString texts = StatementTexts(ledger);
-    QVector<bool> marks;
-    for (const QString& name : names)
-        marks += !texts.isEmpty() && texts.contains(SurnameOf(name));
+    QVector<bool> marks(names.size(), false);
+    WantedNames wanted;
+    QVector<qsizetype> nameless; // no surname stands in every text
+    for (qsizetype i = 0; i < names.size(); ++i) {
+        const QString surname = SurnameOf(names[i]);
+        if (surname.isEmpty())
+            nameless += i;
+        else
+            BeginningWith(wanted, surname.front()).push_back({ surname, i });
+    }
+    for (const QString& line : ledger) {
+        const QStringView text = TextOf(line);
+        if (!text.contains(StatementWord))
+            continue;
+        MarkNamesIn(text, wanted, marks);
+        for (const qsizetype member : nameless)
+            marks[member] = true;
+    }
     return marks;
 }

@@ -5,8 +5,11 @@
 
 #include <QDir>
 #include <QFile>
+#include <QRandomGenerator>
 #include <QTemporaryDir>
 #include <QtTest>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -117,6 +120,33 @@ private Q_SLOTS:
         QFETCH(const bool, paid);
         QCOMPARE(
             PaidMarks({ name }, Ledger({ u"Porto"_s, text, u"Pacht"_s })), QVector<bool> { paid });
+    }
+
+    void all_marks_are_those_of_looking_for_each_surname_alone()
+    {
+        QRandomGenerator dice(3);
+        const auto word = [&dice](int longest) {
+            QString letters;
+            for (int i = dice.bounded(longest + 1); i > 0; --i)
+                letters += QChar(u"abcĂA"_s[dice.bounded(5)]); // two of one low byte
+            return letters;
+        };
+        for (int round = 0; round < 300; ++round) {
+            QStringList names;
+            QStringList texts;
+            for (int i = 0; i < 8; ++i)
+                names += word(3) + u",Eva"_s;
+            for (int i = 0; i < 5; ++i)
+                texts += dice.bounded(3) == 0 ? word(6) : u"Abrechnung "_s + word(6);
+            QVector<bool> expected;
+            for (const QString& name : names) {
+                expected += std::any_of(texts.begin(), texts.end(), [&](const QString& text) {
+                    return text.contains(u"Abrechnung"_s)
+                        && text.contains(name.section(u',', 0, 0));
+                });
+            }
+            QCOMPARE(PaidMarks(names, Ledger(texts)), expected);
+        }
     }
 
     void two_members_of_a_surname_are_marked_by_one_line()
