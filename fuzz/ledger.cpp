@@ -63,14 +63,16 @@ QStringList NaiveSort(const QStringList& lines)
     return keys;
 }
 
+QStringList LinesUpToEmpty(const QByteArray& content)
+{
+    const QStringList lines = NaiveLines(content);
+    const qsizetype empty = lines.indexOf(QString());
+    return empty < 0 ? lines : lines.first(empty);
+}
+
 QStringList NaiveLoad(const QByteArray& content)
 {
-    QStringList lines;
-    for (const QString& line : NaiveLines(content)) {
-        if (line.isEmpty())
-            break;
-        lines += line;
-    }
+    QStringList lines = LinesUpToEmpty(content);
     if (lines.isEmpty() || Part(lines.constLast(), 0).indexOf(u'.') != 2)
         return NaiveSort(lines);
     for (qsizetype i = 0; i < lines.size(); ++i) {
@@ -154,6 +156,24 @@ void CheckSaved(const QStringList& lines, const DataFiles& files)
     Require(ReadLedger(files, u"\\Konto2016.pz"_s) == NaiveLoad(expected), "loaded again");
 }
 
+// A line end of another system inside a line: shown, the second booking would be lost.
+bool HasTwoBookingsInALine(const QByteArray& content)
+{
+    return LinesUpToEmpty(content).join(QString()).contains(u'\n');
+}
+
+void CheckRefused(const QByteArray& content, const DataFiles& files)
+{
+    bool refused = false;
+    try {
+        ReadLedger(files, u"\\Konto2016.pz"_s);
+    } catch (const RuntimeError& error) {
+        refused = error.kind == ErrorKind::File;
+    }
+    Require(refused, "two bookings in a line are not loaded");
+    Require(FileBytes(files, "Konto2016.pz") == content, "and stay as they are");
+}
+
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
@@ -164,6 +184,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     actions = mark < 0 ? QByteArray() : actions.mid(mark + 5);
     const DataFiles files = EmptyScratchFiles();
     PutFile(files, "Konto2016.pz", content);
+    if (HasTwoBookingsInALine(content)) {
+        CheckRefused(content, files);
+        return 0;
+    }
 
     NaiveBook naive { NaiveLoad(content) };
     CashBookState book;

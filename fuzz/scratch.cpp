@@ -18,10 +18,7 @@ DataFiles EmptyScratchFiles()
     files.StateDirectory = folder.path() + u"/state"_s;
     for (const QString& path : { files.DataDirectory, files.StateDirectory }) {
         QDir directory(path);
-        for (const QString& name : directory.entryList(QDir::Files | QDir::Hidden))
-            // the whole path: Qt would look for a bare ":name" among the program's resources
-            Require(QFile::remove(path + u'/' + name), "an empty folder", name);
-        Require(directory.mkpath(path), "a folder of its own", path);
+        Require(directory.removeRecursively() && directory.mkpath(path), "an empty folder", path);
     }
     return files;
 }
