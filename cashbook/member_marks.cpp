@@ -7,7 +7,7 @@
 #include <QDir>
 #include <QSet>
 
-#include <array>
+#include <map>
 #include <vector>
 
 namespace {
@@ -36,28 +36,43 @@ QStringView TextOf(QStringView line)
     return begin == 0 ? QStringView() : line.mid(begin, end < 0 ? -1 : end - begin);
 }
 
-struct Wanted {
-    QString Surname;
-    qsizetype Member;
+/// A letter that goes on from the letters before it, in a tree of surnames.
+struct Letter {
+    QVector<qsizetype> Members; ///< whose surname ends here
+    std::map<QChar, std::size_t> Next;
 };
 
-/// Surnames that were not found yet, by their first letter, so that one pass over the texts looks
-/// at few of them in each place.
-using WantedNames = std::array<std::vector<Wanted>, 256>;
+/// The surnames as a tree, letter by letter from its root, number 0: names that begin alike are
+/// looked for together, so that a text costs the same however many members there are.
+using NameTree = std::vector<Letter>;
 
-std::vector<Wanted>& BeginningWith(WantedNames& wanted, QChar letter)
+NameTree TreeOf(const QStringList& names)
 {
-    return wanted.at(letter.unicode() % std::tuple_size_v<WantedNames>);
+    NameTree tree(1);
+    for (qsizetype i = 0; i < names.size(); ++i) {
+        std::size_t letter = 0;
+        for (const QChar sign : SurnameOf(names[i])) {
+            const auto [next, is_new] = tree[letter].Next.try_emplace(sign, tree.size());
+            letter = next->second;
+            if (is_new)
+                tree.emplace_back();
+        }
+        tree[letter].Members += i;
+    }
+    return tree;
 }
 
-void MarkNamesIn(QStringView text, WantedNames& wanted, QVector<bool>& marks)
+/// Marks the members whose surname begins at that place of the text.
+void MarkNamesAt(QStringView text, qsizetype place, const NameTree& tree, QVector<bool>& marks)
 {
-    for (qsizetype place = 0; place < text.size(); ++place) {
-        std::erase_if(BeginningWith(wanted, text[place]), [&](const Wanted& name) {
-            const bool is_there = text.mid(place).startsWith(name.Surname);
-            marks[name.Member] = marks[name.Member] || is_there;
-            return is_there;
-        });
+    for (std::size_t letter = 0;; ++place) {
+        for (const qsizetype member : tree[letter].Members)
+            marks[member] = true;
+        const auto& next = tree[letter].Next;
+        const auto found = place < text.size() ? next.find(text[place]) : next.end();
+        if (found == next.end())
+            return;
+        letter = found->second;
     }
 }
 
@@ -79,22 +94,13 @@ QVector<bool> PaidMarks(const QStringList& names, const QStringList& ledger)
     if (ledger.isEmpty())
         return {};
     QVector<bool> marks(names.size(), false);
-    WantedNames wanted;
-    QVector<qsizetype> nameless; // no surname stands in every text
-    for (qsizetype i = 0; i < names.size(); ++i) {
-        const QString surname = SurnameOf(names[i]);
-        if (surname.isEmpty())
-            nameless += i;
-        else
-            BeginningWith(wanted, surname.front()).push_back({ surname, i });
-    }
+    const NameTree tree = TreeOf(names);
     for (const QString& line : ledger) {
         const QStringView text = TextOf(line);
         if (!text.contains(StatementWord))
             continue;
-        MarkNamesIn(text, wanted, marks);
-        for (const qsizetype member : nameless)
-            marks[member] = true;
+        for (qsizetype place = 0; place < text.size(); ++place)
+            MarkNamesAt(text, place, tree, marks);
     }
     return marks;
 }
