@@ -1,7 +1,7 @@
 // Every state of a data file that the program writes or overwrites is kept: in the folder "verlauf"
 // of the state directory, one file for each state, readable by this user only, with a checksum. A
-// save is never refused because of it. What is kept where and how long: docs/architecture.md, "The
-// history". Used by data/rewrite_file; the window that shows it: history/.
+// save is never refused because of it. What is kept where and how long: docs/saving.md. Used by
+// data/rewrite_file; the window that shows it: history/.
 #pragma once
 
 #include "data/data_files.h"

@@ -1,6 +1,6 @@
 // The note of a rewrite that is under way: which file gets which content. One note per file, in
 // the state directory. As long as a complete one lies there, it is the file's content: the file
-// itself may be half written. Why: docs/architecture.md, "Nothing confirmed is lost".
+// itself may be half written. Why: docs/saving.md.
 #pragma once
 
 #include "data/history_entry.h"

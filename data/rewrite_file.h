@@ -1,5 +1,5 @@
 // The one routine that rewrites a data file, and what finishes its work after a crash. How a
-// rewrite survives everything: docs/architecture.md, "Nothing confirmed is lost".
+// rewrite survives everything: docs/saving.md.
 #pragma once
 
 #include "data/data_files.h"
