@@ -22,6 +22,7 @@ SearchLine MakeSearchLine(QWidget* parent, const QString& name, const QString& a
     row->setSpacing(FrameSpacing);
     row->addWidget(line.Words, 1);
     row->addWidget(line.Hits);
+    line.Row->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed); // the room is the list's
     line.Row->hide();
     return line;
 }

@@ -68,6 +68,9 @@ private Q_SLOTS:
         SearchClub::Press(Qt::Key_F, Qt::ControlModifier);
         QVERIFY(club.Words()->isVisible());
         QVERIFY(club.Words()->hasFocus());
+        QCoreApplication::processEvents();
+        QVERIFY(club.Names()->y() - club.Words()->mapTo(club.Names()->parentWidget(), QPoint()).y()
+            < 2 * club.Words()->height()); // the list keeps its room
     }
 
     void name_street_and_garden_are_found_data()
