@@ -27,12 +27,13 @@ QString BaseOf(const QString& state_directory, const QString& target)
         + QString::fromLatin1(HashOf(target.toUtf8()).toHex().left(key_length));
 }
 
+// The time of another clock, above all of a zone that nobody knows, is none that was written here.
 void ReadMark(QDataStream& stream, HistoryMark& mark)
 {
     quint8 how = 0;
     stream >> mark.Number >> mark.Action >> mark.Time >> how;
     mark.How = static_cast<Deed>(how);
-    if (how > static_cast<quint8>(Deed::SentOut))
+    if (how > static_cast<quint8>(Deed::SentOut) || mark.Time.timeSpec() != Qt::LocalTime)
         stream.setStatus(QDataStream::ReadCorruptData);
 }
 

@@ -36,6 +36,22 @@ private Q_SLOTS:
         QCOMPARE(read->content, example.content);
     }
 
+    void a_mark_is_read_as_it_was_written()
+    {
+        RedoRecord marked = example;
+        marked.Mark = { 7, 5, QDateTime(QDate(2016, 3, 5), QTime(17, 4, 59)), Deed::TakenBack };
+        const std::optional<RedoRecord> read = DecodeRedoRecord(EncodeRedoRecord(marked));
+        QVERIFY(read.has_value());
+        QVERIFY(read->Mark == marked.Mark);
+    }
+
+    void a_mark_by_another_clock_than_the_users_is_void()
+    {
+        RedoRecord marked = example;
+        marked.Mark.Time = QDateTime(QDate(2016, 3, 5), QTime(17, 4, 59), Qt::UTC);
+        QVERIFY(!DecodeRedoRecord(EncodeRedoRecord(marked)).has_value());
+    }
+
     void an_empty_content_is_a_content()
     {
         const std::optional<RedoRecord> read
