@@ -291,7 +291,7 @@ private Q_SLOTS:
         folders.Put(u"Konto2016.pz"_s, "old");
         QVERIFY(QDir().mkpath(folders.files.StateDirectory));
         QVERIFY(QDir().mkpath(folders.Path(u"V.dat"_s)));
-        QVERIFY_EXCEPTION_THROWN(RewriteFile(folders.files, u"\\V.dat"_s, "x"), RuntimeError);
+        QVERIFY_THROWS_EXCEPTION(RuntimeError, RewriteFile(folders.files, u"\\V.dat"_s, "x"));
         QCOMPARE(States(folders.files), QStringList {});
     }
 

@@ -175,7 +175,7 @@ private Q_SLOTS:
         if (version < 13)
             QCOMPARE(SquaresOf(QByteArray(most + 1, 'a')).Side, 17 + 4 * (version + 1));
         else
-            QVERIFY_EXCEPTION_THROWN(SquaresOf(QByteArray(most + 1, 'a')), RuntimeError);
+            QVERIFY_THROWS_EXCEPTION(RuntimeError, SquaresOf(QByteArray(most + 1, 'a')));
     }
 
     void the_code_stands_between_address_and_table_data()

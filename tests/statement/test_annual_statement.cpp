@@ -123,7 +123,7 @@ void TestAnnualStatement::members_behind_the_stop_can_be_computed_all_the_same()
     BillSource source = OneMember(u"zu;kurz"_s);
     source.Members.RecordList += whole;
     StatementState statement;
-    QVERIFY_EXCEPTION_THROWN(DrawAllPages(statement, source), RuntimeError);
+    QVERIFY_THROWS_EXCEPTION(RuntimeError, DrawAllPages(statement, source));
     QVERIFY(ContentsOfPage(statement, 1).member.empty()); // the drawing did not come so far
     QCOMPARE(StatementOfPage(statement, 1).total.value(), ComputeStatement(source, 1).total);
     QVERIFY(statement.StatementTotals.isEmpty());
