@@ -4,17 +4,20 @@
 
 #include <QStringList>
 
-#include <algorithm>
-
 namespace {
 
 // One part of a date: so many ASCII digits at most, else -1.
 int NumberOfPart(QStringView part, int longest)
 {
-    const auto is_digit = [](QChar sign) { return sign >= u'0' && sign <= u'9'; };
     if (part.isEmpty() || part.size() > longest)
         return -1;
-    return std::all_of(part.begin(), part.end(), is_digit) ? part.toInt() : -1;
+    int number = 0;
+    for (const QChar sign : part) {
+        if (sign < u'0' || sign > u'9')
+            return -1;
+        number = number * 10 + (sign.unicode() - u'0');
+    }
+    return number;
 }
 
 int FullYear(int year)

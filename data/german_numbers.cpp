@@ -22,6 +22,14 @@ constexpr double powers_of_ten[] { 1e0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 
 
 bool IsDigit(QChar sign) { return sign >= u'0' && sign <= u'9'; }
 
+/// Adds the digits from there on to the number; returns the first sign that is none.
+const char16_t* TakeDigits(qint64& number, const char16_t* at, const char16_t* end)
+{
+    for (; at != end && *at >= u'0' && *at <= u'9'; ++at)
+        number = number * 10 + (*at - u'0');
+    return at;
+}
+
 bool AreDigits(QStringView text)
 {
     for (const QChar sign : text) {
@@ -115,12 +123,6 @@ ParsedDouble DoubleOf(const std::string& number, bool too_small)
     return { too_small ? NumberOutcome::Ok : NumberOutcome::Overflow, 0.0 }; // out of range
 }
 
-// One division of two numbers that are exact rounds correctly.
-double ValueOf(const ShortDecimal& number)
-{
-    return static_cast<double>(number.digits) / powers_of_ten[number.decimals];
-}
-
 [[noreturn]] void ThrowNoNumber(NumberOutcome outcome, const QString& text, Place where)
 {
     if (where.content.isEmpty())
@@ -141,42 +143,35 @@ std::optional<ShortDecimal> ShortDecimalOf(QStringView text)
     constexpr qsizetype most_characters = 15;
     if (text.isEmpty() || text.size() > most_characters)
         return std::nullopt;
+    const char16_t* end = text.utf16() + text.size();
     ShortDecimal number;
-    bool behind_comma = false;
-    for (const QChar sign : text) {
-        if (sign == decimal_comma && !behind_comma) {
-            behind_comma = true;
-            continue;
-        }
-        if (!IsDigit(sign))
-            return std::nullopt;
-        number.digits = number.digits * 10 + (sign.unicode() - u'0');
-        number.decimals += behind_comma ? 1 : 0;
-    }
-    const bool comma_alone = behind_comma && text.size() == 1;
-    return comma_alone ? std::nullopt : std::optional(number);
+    const char16_t* comma = TakeDigits(number.digits, text.utf16(), end);
+    if (comma == end)
+        return number;
+    if (*comma != decimal_comma || text.size() == 1
+        || TakeDigits(number.digits, comma + 1, end) != end)
+        return std::nullopt;
+    number.decimals = static_cast<int>(end - comma - 1);
+    return number;
+}
+
+double ValueOf(const ShortDecimal& number)
+{
+    const auto digits = static_cast<double>(number.digits);
+    return number.decimals == 0 ? digits : digits / powers_of_ten[number.decimals];
 }
 
 ParsedDouble ParseDouble(QStringView text)
 {
     if (const std::optional<ShortDecimal> number = ShortDecimalOf(text))
         return { NumberOutcome::Ok, ValueOf(*number) };
+    if (text.isEmpty())
+        return {};
     const std::optional<std::string> number = DigitsOfNumber(text);
     if (!number)
         return {};
     const bool too_small = number->find_first_of("123456789") > number->find('.');
     return DoubleOf(*number, too_small);
-}
-
-ParsedSingle Narrowed(const ParsedDouble& number)
-{
-    if (number.outcome != NumberOutcome::Ok)
-        return { number.outcome, 0.0F };
-    // From half a step beyond the largest single on, the nearest single would be infinite.
-    constexpr double limit = 0x1.ffffffp127;
-    if (std::abs(number.value) >= limit)
-        return { NumberOutcome::Overflow, 0.0F };
-    return { NumberOutcome::Ok, static_cast<float>(number.value) };
 }
 
 ParsedSingle ParseSingle(QStringView text) { return Narrowed(ParseDouble(text)); }
@@ -206,6 +201,8 @@ double AmountOf(const QString& text, const Place& where)
 
 ParsedDouble ParseTotal(const QString& text)
 {
+    if (const std::optional<ShortDecimal> number = ShortDecimalOf(text))
+        return { NumberOutcome::Ok, ValueOf(*number) };
     const QStringView whole_text(text);
     const qsizetype mark = whole_text.indexOf(u'E');
     const QStringView mantissa = mark < 0 ? whole_text : whole_text.first(mark);

@@ -8,6 +8,7 @@
 #include <QString>
 #include <QStringView>
 
+#include <cmath>
 #include <optional>
 #include <string>
 
@@ -33,6 +34,9 @@ struct ShortDecimal {
 /// Nothing for any text that is longer or otherwise written: ParseDouble may read it all the same.
 std::optional<ShortDecimal> ShortDecimalOf(QStringView text);
 
+/// The nearest double.
+double ValueOf(const ShortDecimal& number);
+
 /// Reads a typed number: blanks around, a sign in front, digits with points only between
 /// well-formed groups of three, a decimal comma, "€" in front or behind. Everything else (the empty
 /// text too) is a type mismatch.
@@ -42,7 +46,16 @@ ParsedDouble ParseDouble(QStringView text);
 ParsedSingle ParseSingle(QStringView text);
 
 /// A number that was read in double precision as ParseSingle reads its text.
-ParsedSingle Narrowed(const ParsedDouble& number);
+inline ParsedSingle Narrowed(const ParsedDouble& number)
+{
+    if (number.outcome != NumberOutcome::Ok)
+        return { number.outcome, 0.0F };
+    // From half a step beyond the largest single on, the nearest single would be infinite.
+    constexpr double limit = 0x1.ffffffp127;
+    if (std::abs(number.value) >= limit)
+        return { NumberOutcome::Overflow, 0.0F };
+    return { NumberOutcome::Ok, static_cast<float>(number.value) };
+}
 
 /// True when the text is a number (the empty text is none).
 bool IsNumber(QStringView text);
