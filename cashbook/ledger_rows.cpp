@@ -13,16 +13,24 @@ const QString amount_format = QStringLiteral("#0.00 €");
 const QString balance_format = QStringLiteral("0.00 €");
 
 /// Most amounts of a ledger are "0,00"; they need no reading.
-ParsedSingle ReadAmount(const QString& text)
+ParsedSingle ReadAmount(QStringView text)
 {
-    static const QString nothing = QStringLiteral("0,00");
-    return text == nothing ? ParsedSingle { NumberOutcome::Ok, 0.0F } : ParseSingle(text);
+    return text == u"0,00" ? ParsedSingle { NumberOutcome::Ok, 0.0F } : ParseSingle(text);
+}
+
+/// The text up to the next ";", which is taken off with it; empty when the line is over.
+QStringView TakeField(QStringView& line)
+{
+    const qsizetype end = line.indexOf(u';');
+    const QStringView field = end < 0 ? line : line.first(end);
+    line = end < 0 ? QStringView() : line.sliced(end + 1);
+    return field;
 }
 
 enum class Side { Deposit, Withdrawal };
 
 /// The new balance in single precision, or false when the amount cannot be counted.
-bool Count(float& balance, const QString& amount_text, Side side)
+bool Count(float& balance, QStringView amount_text, Side side)
 {
     const ParsedSingle amount = ReadAmount(amount_text);
     if (amount.outcome != NumberOutcome::Ok)
@@ -38,10 +46,13 @@ bool Count(float& balance, const QString& amount_text, Side side)
 
 CountedAmounts AddToBalance(float& balance, const QString& line)
 {
-    const QStringList fields = SplitRecord(line);
+    static_assert(Deposit == 2 && Withdrawal == Deposit + 1);
+    QStringView rest(line); // no list of fields: every redraw counts all lines
+    TakeField(rest);
+    TakeField(rest);
     CountedAmounts counted;
-    counted.deposit = Count(balance, FieldOrEmpty(fields, Deposit), Side::Deposit);
-    counted.withdrawal = Count(balance, FieldOrEmpty(fields, Withdrawal), Side::Withdrawal);
+    counted.deposit = Count(balance, TakeField(rest), Side::Deposit);
+    counted.withdrawal = Count(balance, TakeField(rest), Side::Withdrawal);
     return counted;
 }
 

@@ -81,6 +81,8 @@ void MarkNamesAt(QStringView text, qsizetype place, const NameTree& tree, QVecto
 QStringList OverviewRows(const DataFiles& files, const QStringList& names, const QString& year_text)
 {
     const QSet<QString> there = SpecialBillings(files);
+    if (there.isEmpty())
+        return names;
     QStringList rows;
     for (const QString& name : names) {
         const QString file = SpecialBillingFileName(SurnameOf(name), year_text);
