@@ -6,8 +6,6 @@
 
 #include <QSet>
 
-#include <algorithm>
-
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -32,53 +30,26 @@ FindingRow BookingRow(
 
 // --- days -------------------------------------------------------------------------------------
 
-/// What is wrong with the day of a booking; bookings of one day follow each other.
-class DayCheck {
-public:
-    explicit DayCheck(const CheckData& data)
-        : m_data(data)
-        , m_last_day(data.Source.Today.addDays(days_ahead))
-    {
-    }
+enum class DayVerdict { Good, NoDay, OtherYear, Ahead };
 
-    enum class Verdict { Good, NoDay, OtherYear, Ahead };
-
-    Verdict Of(QStringView date)
-    {
-        if (!m_known || !std::equal(date.begin(), date.end(), m_date.begin(), m_date.end())) {
-            m_date = date;
-            m_known = true;
-            m_verdict = Judge(date);
-        }
-        return m_verdict;
-    }
-
-private:
-    Verdict Judge(QStringView text) const
-    {
-        if (!IsWellFormedDate(text))
-            return Verdict::NoDay;
-        const QDate day = *ParseDate(text);
-        if (day > m_last_day)
-            return Verdict::Ahead;
-        return QString::number(day.year()) == m_data.Year ? Verdict::Good : Verdict::OtherYear;
-    }
-
-    const CheckData& m_data;
-    QDate m_last_day;
-    QStringView m_date;
-    Verdict m_verdict = Verdict::Good;
-    bool m_known = false;
-};
+DayVerdict JudgeDay(const CheckData& data, QStringView text)
+{
+    if (!IsWellFormedDate(text))
+        return DayVerdict::NoDay;
+    const QDate day = *ParseDate(text);
+    if (day > data.Source.Today.addDays(days_ahead))
+        return DayVerdict::Ahead;
+    return QString::number(day.year()) == data.Year ? DayVerdict::Good : DayVerdict::OtherYear;
+}
 
 const QString pick_day
     = u"Klicken Sie die Buchung an, wählen Sie den Tag im Kalender, „OK“, „Speichern“."_s;
 
-void AddOddDay(const CheckData& data, Findings& findings, DayCheck::Verdict verdict,
+void AddOddDay(const CheckData& data, Findings& findings, DayVerdict verdict,
     const CheckBooking& booking, const FindingRow& row)
 {
     const QString date = booking.date.toString();
-    if (verdict == DayCheck::Verdict::NoDay)
+    if (verdict == DayVerdict::NoDay)
         return AddTo(findings,
             { u"C44a"_s, Level::Error,
                 u"%1 ist kein Tag; die Buchung wird falsch eingeordnet."_s.arg(Quoted(date)),
@@ -86,9 +57,8 @@ void AddOddDay(const CheckData& data, Findings& findings, DayCheck::Verdict verd
             row);
     if (booking.carried_over)
         return;
-    const QString where = verdict == DayCheck::Verdict::Ahead
-        ? u"liegt in der Zukunft"_s
-        : u"liegt nicht im Jahr %1"_s.arg(data.Year);
+    const QString where = verdict == DayVerdict::Ahead ? u"liegt in der Zukunft"_s
+                                                       : u"liegt nicht im Jahr %1"_s.arg(data.Year);
     AddTo(findings,
         { u"C44b"_s, Level::Warning, u"Die Buchung vom %1 %2."_s.arg(date, where), pick_day }, row);
 }
@@ -110,15 +80,6 @@ void AddNoNumber(Findings& findings, std::size_t account, std::size_t row,
                 account, static_cast<qsizetype>(row), deposit ? u"Text10(2)"_s : u"Text10(3)"_s) });
 }
 
-/// One amount above zero, the other zero, and a text.
-bool IsOrdinary(const CheckBooking& booking)
-{
-    const BookedAmount& in = booking.deposit;
-    const BookedAmount& out = booking.withdrawal;
-    return in.is_number && out.is_number && in.sign >= 0 && out.sign >= 0 && in.sign + out.sign == 1
-        && !booking.text.isEmpty();
-}
-
 void CheckOneOdd(
     Findings& findings, std::size_t account, std::size_t row, const CheckBooking& booking)
 {
@@ -130,8 +91,6 @@ void CheckOneOdd(
                 u"Klicken Sie die Buchung an und berichtigen Sie sie."_s },
             BookingRow(account, row, booking));
     };
-    if (IsOrdinary(booking))
-        return;
     for (const BookedAmount* amount : { &in, &out }) {
         if (amount->is_number && amount->sign < 0)
             add(u"C46a"_s, u"Negativer Betrag %1."_s.arg(AmountText(booking, *amount)));
@@ -173,13 +132,15 @@ void CheckCashBoxBalance(const CheckData& data, Findings& findings)
 void CheckBookingDates(const CheckData& data, Findings& findings)
 {
     ForEachAccount(data, [&](std::size_t account, const CheckBookings& bookings) {
-        DayCheck days(data);
-        for (std::size_t row = 0; row < bookings.Rows.size(); ++row) {
-            const CheckBooking& booking = bookings.Rows[row];
-            const DayCheck::Verdict verdict = days.Of(booking.date);
-            if (verdict != DayCheck::Verdict::Good)
-                AddOddDay(data, findings, verdict, booking,
-                    BookingRow(account, row, booking, u"Text10(0)"_s));
+        for (std::size_t day = 0; day < bookings.Days.size(); ++day) {
+            const DayVerdict verdict = JudgeDay(data, bookings.Days[day].date);
+            if (verdict == DayVerdict::Good)
+                continue;
+            const bool last = day + 1 == bookings.Days.size();
+            const std::size_t end = last ? bookings.Rows.size() : bookings.Days[day + 1].first;
+            for (std::size_t row = bookings.Days[day].first; row < end; ++row)
+                AddOddDay(data, findings, verdict, bookings.Rows[row],
+                    BookingRow(account, row, bookings.Rows[row], u"Text10(0)"_s));
         }
     });
 }
@@ -192,7 +153,7 @@ void CheckBookingAmounts(const CheckData& data, Findings& findings)
             if (SplitRecord(line.text).size() < LedgerFieldCount)
                 short_lines.insert(FirstFourFields(SplitRecord(line.text)));
         }
-        for (std::size_t row = 0; row < bookings.Rows.size(); ++row) {
+        for (const std::size_t row : bookings.Unusual) {
             const CheckBooking& booking = bookings.Rows[row];
             if (booking.deposit.is_number && booking.withdrawal.is_number)
                 continue;
@@ -211,7 +172,7 @@ void CheckBookingAmounts(const CheckData& data, Findings& findings)
 void CheckOddBookings(const CheckData& data, Findings& findings)
 {
     ForEachAccount(data, [&](std::size_t account, const CheckBookings& bookings) {
-        for (std::size_t row = 0; row < bookings.Rows.size(); ++row) {
+        for (const std::size_t row : bookings.Unusual) {
             if (!bookings.Rows[row].carried_over)
                 CheckOneOdd(findings, account, row, bookings.Rows[row]);
         }

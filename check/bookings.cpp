@@ -4,41 +4,93 @@
 #include "check/text_numbers.h"
 #include "data/german_numbers.h"
 
-#include <bit>
+#include <algorithm>
 #include <cstdint>
+#include <cstring>
+#include <string_view>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
+/// What is not yet taken of a line.
+struct Rest {
+    const char16_t* at;
+    const char16_t* end;
+};
+
+bool IsOver(const Rest& rest) { return rest.at == rest.end; }
+
+/// Takes the ";" behind a field.
+void TakeMark(Rest& rest) { rest.at += IsOver(rest) ? 0 : 1; }
+
 /// The text up to the next ";", which is taken off with it.
-QStringView TakeField(QStringView& line)
+QStringView TakeField(Rest& rest)
 {
-    qsizetype end = 0; // fields are short: nothing is quicker than to look
-    while (end < line.size() && line[end] != u';')
-        ++end;
-    const QStringView field = line.first(end);
-    line = end == line.size() ? QStringView() : line.sliced(end + 1);
+    const char16_t* begin = rest.at; // fields are short: nothing is quicker than to look
+    while (!IsOver(rest) && *rest.at != u';')
+        ++rest.at;
+    const QStringView field(begin, rest.at);
+    TakeMark(rest);
     return field;
 }
+
+// --- texts ------------------------------------------------------------------------------------
+
+constexpr qsizetype stride = 4; // characters in 64 bits
+
+/// Not zero where the character is among the four.
+quint64 HoldsSign(quint64 four, char16_t sign)
+{
+    constexpr quint64 ones = 0x0001'0001'0001'0001;
+    const quint64 others = four ^ (ones * sign);
+    return (others - ones) & ~others & (ones << 15);
+}
+
+quint64 Spread(quint64 spread, quint64 four)
+{
+    constexpr quint64 odd = 0x9E37'79B9'7F4A'7C15;
+    spread = (spread ^ four) * odd;
+    return spread ^ (spread >> 32);
+}
+
+/// The booking's text, looked at once, four characters at a time: where it ends, what it shares
+/// with its equals. True when it may be a statement's.
+bool TakeText(CheckBooking& booking, Rest& rest)
+{
+    const char16_t statement = StatementWord.front().unicode();
+    const char16_t* begin = rest.at;
+    quint64 spread = booking.key;
+    quint64 statements = 0;
+    for (; rest.end - rest.at >= stride; rest.at += stride) {
+        quint64 four = 0;
+        std::memcpy(&four, rest.at, sizeof four);
+        statements |= HoldsSign(four, statement);
+        if (HoldsSign(four, u';') != 0)
+            break;
+        spread = Spread(spread, four);
+    }
+    quint64 last = 0;
+    for (; !IsOver(rest) && *rest.at != u';'; ++rest.at) {
+        statements |= *rest.at == statement ? 1 : 0;
+        last = (last << 16) | *rest.at;
+    }
+    booking.text = QStringView(begin, rest.at);
+    booking.key = static_cast<std::uint32_t>(Spread(spread, last));
+    TakeMark(rest);
+    return statements != 0;
+}
+
+// --- amounts ----------------------------------------------------------------------------------
 
 template <typename Number> qint8 SignOf(Number value)
 {
     return static_cast<qint8>(value < 0 ? -1 : (value > 0 ? 1 : 0));
 }
 
-/// Half of all amounts.
-bool IsNothing(QStringView text)
-{
-    return text.size() == 4 && text[0] == u'0' && text[1] == u',' && text[2] == u'0'
-        && text[3] == u'0';
-}
-
 void ReadAmount(BookedAmount& amount, QStringView text)
 {
     amount.size = static_cast<qint32>(text.size());
-    if (IsNothing(text))
-        return;
     const std::optional<Cents> cents = CentsOf(text);
     amount.cents = cents.value_or(0);
     amount.sign = SignOf(amount.cents);
@@ -50,60 +102,120 @@ void ReadAmount(BookedAmount& amount, QStringView text)
     amount.sign = SignOf(number.value);
 }
 
+bool IsDigit(char16_t sign) { return sign >= u'0' && sign <= u'9'; }
+
+/// Takes "0,00", which half of all amounts are; false for any other.
+bool TakeNothing(BookedAmount& amount, Rest& rest)
+{
+    constexpr std::u16string_view nothing = u"0,00";
+    const auto size = static_cast<qsizetype>(nothing.size());
+    const qsizetype behind = rest.end - rest.at;
+    if (behind < size || std::memcmp(rest.at, nothing.data(), 2 * nothing.size()) != 0
+        || (behind > size && rest.at[size] != u';'))
+        return false;
+    amount.size = static_cast<qint32>(size);
+    rest.at += size;
+    TakeMark(rest);
+    return true;
+}
+
+/// Takes an amount as the program writes it, "104,25"; false for any other, which stays.
+bool TakeWritten(BookedAmount& amount, Rest& rest)
+{
+    constexpr qsizetype most_digits = 9; // of whole euros
+    const char16_t* most = rest.at + std::min<qsizetype>(most_digits, rest.end - rest.at);
+    const char16_t* comma = rest.at;
+    Cents cents = 0;
+    for (; comma != most && IsDigit(*comma); ++comma)
+        cents = cents * 10 + (*comma - u'0');
+    const qsizetype behind = rest.end - comma;
+    if (comma == rest.at || behind < 3 || *comma != u',' || !IsDigit(comma[1]) || !IsDigit(comma[2])
+        || (behind > 3 && comma[3] != u';'))
+        return false;
+    amount.cents = cents * 100 + (comma[1] - u'0') * 10 + (comma[2] - u'0');
+    amount.sign = SignOf(amount.cents);
+    amount.size = static_cast<qint32>(comma + 3 - rest.at);
+    rest.at = comma + 3;
+    TakeMark(rest);
+    return true;
+}
+
+void TakeAmount(BookedAmount& amount, Rest& rest)
+{
+    if (!TakeNothing(amount, rest) && !TakeWritten(amount, rest))
+        ReadAmount(amount, TakeField(rest));
+}
+
+// --- lines ------------------------------------------------------------------------------------
+
 bool CarriesOver(QStringView text)
 {
     return !text.isEmpty() && text.front() == CarryOverText.front()
         && text.startsWith(CarryOverText);
 }
 
-/// Fields of one line, one after the other.
-void TakeApart(CheckBooking& booking, QStringView line)
-{
-    booking.date = TakeField(line);
-    booking.text = TakeField(line);
-    ReadAmount(booking.deposit, TakeField(line));
-    ReadAmount(booking.withdrawal, TakeField(line));
-    booking.carried_over = CarriesOver(booking.text);
-}
+/// The day that a line begins with; most lines have that of the line before them.
+class DayReader {
+public:
+    explicit DayReader(std::vector<BookedDay>& days)
+        : m_days(days)
+    {
+    }
 
-bool SameBooking(const CheckBooking& a, const CheckBooking& b)
-{
-    const auto same = [&](const BookedAmount& x, const BookedAmount& y) {
-        return x.is_exact && y.is_exact ? x.cents == y.cents && x.is_number == y.is_number
-                                        : AmountText(a, x) == AmountText(b, y);
-    };
-    return a.date == b.date && a.text == b.text && same(a.deposit, b.deposit)
-        && same(a.withdrawal, b.withdrawal);
-}
+    QStringView Take(Rest& rest, std::size_t row)
+    {
+        if (m_whole && rest.end - rest.at > length && HasSameDay(rest)) {
+            const QStringView day(rest.at, length);
+            rest.at += length + 1;
+            return day;
+        }
+        const QStringView day = TakeField(rest);
+        m_whole = day.size() == length && rest.at != day.utf16() + length;
+        m_key = static_cast<std::uint32_t>(SpreadText(day));
+        m_days.push_back({ day, row });
+        return day;
+    }
 
-/// A number that bookings of the same day and text share.
-std::uint32_t KeyOf(const CheckBooking& booking)
-{
-    const QStringView both = booking.text.isNull() // a line without ";"
-        ? booking.date
-        : QStringView(booking.date.begin(), booking.text.end());
-    return static_cast<std::uint32_t>(SpreadText(both));
-}
+    std::uint32_t Key() const { return m_key; } ///< of the day taken last
 
-/// A booking in a table that is less than half full: it stands at the first free place from its key
-/// on.
-struct SeenBooking {
-    std::uint32_t key = 0;
-    std::uint32_t row = 0; ///< from 1; 0: the place is free
+private:
+    static constexpr qsizetype length = 10; // two, two and four digits
+
+    bool HasSameDay(const Rest& rest) const
+    {
+        constexpr std::size_t bytes = (length + 1) * sizeof(char16_t); // the ";" too
+        return std::memcmp(rest.at, m_days.back().date.utf16(), bytes) == 0;
+    }
+
+    std::vector<BookedDay>& m_days;
+    std::uint32_t m_key = 0;
+    bool m_whole = false; ///< the last day is of that length, and a ";" stands behind it
 };
 
-/// Takes the booking in, unless the same one is there.
-bool See(std::vector<SeenBooking>& table, const std::vector<CheckBooking>& rows, std::size_t row)
+/// One amount above zero, the other zero, and a text.
+bool IsUsual(const CheckBooking& booking)
 {
-    const std::size_t mask = table.size() - 1;
-    const std::uint32_t key = KeyOf(rows[row]);
-    std::size_t place = key & mask;
-    for (; table[place].row != 0; place = (place + 1) & mask) {
-        if (table[place].key == key && SameBooking(rows[table[place].row - 1], rows[row]))
-            return false;
-    }
-    table[place] = { key, static_cast<std::uint32_t>(row + 1) };
-    return true;
+    const BookedAmount& in = booking.deposit;
+    const BookedAmount& out = booking.withdrawal;
+    return in.is_number && out.is_number && in.sign >= 0 && out.sign >= 0 && in.sign + out.sign == 1
+        && !booking.text.isEmpty();
+}
+
+/// Fields of one line, one after the other.
+void TakeApart(CheckBookings& bookings, DayReader& days, QStringView line)
+{
+    const std::size_t row = bookings.Rows.size();
+    CheckBooking& booking = bookings.Rows.emplace_back();
+    Rest rest { line.utf16(), line.utf16() + line.size() };
+    booking.date = days.Take(rest, row);
+    booking.key = days.Key();
+    if (TakeText(booking, rest))
+        bookings.MaybeStatements.push_back(row);
+    TakeAmount(booking.deposit, rest);
+    TakeAmount(booking.withdrawal, rest);
+    booking.carried_over = CarriesOver(booking.text);
+    if (!IsUsual(booking))
+        bookings.Unusual.push_back(row);
 }
 
 } // namespace
@@ -112,11 +224,12 @@ CheckBookings TakeBookingsApart(const QStringList& lines)
 {
     CheckBookings bookings;
     bookings.Rows.reserve(static_cast<std::size_t>(lines.size()));
+    DayReader days(bookings.Days);
     Cents balance = 0;
     bool exact = true;
     for (const QString& line : lines) {
-        CheckBooking& booking = bookings.Rows.emplace_back();
-        TakeApart(booking, line);
+        TakeApart(bookings, days, line);
+        const CheckBooking& booking = bookings.Rows.back();
         exact = exact && booking.deposit.is_exact && booking.withdrawal.is_exact;
         balance += booking.deposit.cents - booking.withdrawal.cents;
     }
@@ -132,17 +245,6 @@ QStringView AmountText(const CheckBooking& booking, const BookedAmount& amount)
     const QChar* deposit = booking.text.end() + 1;
     const bool is_deposit = &amount == &booking.deposit;
     return { is_deposit ? deposit : deposit + booking.deposit.size + 1, amount.size };
-}
-
-std::vector<std::size_t> RowsBookedTwice(const CheckBookings& bookings)
-{
-    std::vector<SeenBooking> table(std::bit_ceil(2 * bookings.Rows.size() + 1));
-    std::vector<std::size_t> twice;
-    for (std::size_t row = 0; row < bookings.Rows.size(); ++row) {
-        if (!bookings.Rows[row].carried_over && !See(table, bookings.Rows, row))
-            twice.push_back(row);
-    }
-    return twice;
 }
 
 QString BookingWords(const CheckBooking& booking)

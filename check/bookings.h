@@ -7,6 +7,7 @@
 
 #include <QStringView>
 
+#include <cstdint>
 #include <optional>
 #include <vector>
 
@@ -24,7 +25,14 @@ struct CheckBooking {
     QStringView text; ///< behind the date and one ";"
     BookedAmount deposit; ///< behind the text, as the withdrawal behind it
     BookedAmount withdrawal;
+    std::uint32_t key = 0; ///< shared by all bookings of the same day and text
     bool carried_over = false; ///< the text begins with "Übertrag Saldo "
+};
+
+/// Bookings of one day that follow each other, up to the next such day.
+struct BookedDay {
+    QStringView date;
+    std::size_t first = 0; ///< row
 };
 
 /// The amount as typed; it is one of the booking's two.
@@ -32,6 +40,10 @@ QStringView AmountText(const CheckBooking& booking, const BookedAmount& amount);
 
 struct CheckBookings {
     std::vector<CheckBooking> Rows; ///< by row of the ledger view
+    std::vector<BookedDay> Days; ///< in their order; a day may come again
+    std::vector<std::size_t> Unusual; ///< rows without a text, or with other amounts than one above
+                                      ///< zero and one that is zero
+    std::vector<std::size_t> MaybeStatements; ///< no text of another row holds "Abrechnung"
     std::optional<Cents> Balance; ///< exact; missing when an amount is too large
 };
 

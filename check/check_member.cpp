@@ -2,21 +2,43 @@
 
 namespace {
 
-void TakeApart(CheckMember& member, QStringView line, MemberField first_number)
+/// QString::fromRawData, in line: two years have tens of thousands of fields.
+QString PartOf(const char16_t* begin, const char16_t* end)
 {
-    qsizetype begin = 0;
-    for (qsizetype end = 0; end <= line.size(); ++end) {
-        if (end < line.size() && line[end] != u';')
+    return QString(QString::DataPointer::fromRawData(begin, end - begin));
+}
+
+void TakeFields(CheckMember& member, QStringView line)
+{
+    const char16_t* end = line.utf16() + line.size();
+    const char16_t* begin = line.utf16();
+    std::size_t count = 0;
+    for (const char16_t* at = begin;; ++at) {
+        if (at != end && *at != u';')
             continue;
-        if (member.FieldCount <= MemberFieldCount)
-            member.Fields[static_cast<std::size_t>(member.FieldCount)]
-                = QString::fromRawData(line.data() + begin, end - begin);
-        ++member.FieldCount;
-        begin = end + 1;
+        if (count < member.Fields.size())
+            member.Fields[count] = PartOf(begin, at);
+        ++count;
+        if (at == end)
+            break;
+        begin = at + 1;
     }
+    member.FieldCount = static_cast<qsizetype>(count);
     member.Whole = member.FieldCount == MemberFieldCount;
-    for (auto field = static_cast<std::size_t>(first_number); field < MemberFieldCount; ++field)
-        member.Numbers[field - PlotSize] = ParseDouble(member.Fields[field]);
+}
+
+void ReadNumbers(CheckMember& member, MemberField first)
+{
+    for (auto field = static_cast<std::size_t>(first); field < MemberFieldCount; ++field) {
+        const QString& text = member.Fields[field];
+        if (text.isEmpty())
+            continue;
+        const std::optional<ShortDecimal> number = ShortDecimalOf(text);
+        const bool plain = number && number->decimals <= 2;
+        member.PlainNumbers = member.PlainNumbers && plain;
+        member.Numbers[field - PlotSize]
+            = plain ? ParsedDouble { NumberOutcome::Ok, ValueOf(*number) } : ParseDouble(text);
+    }
 }
 
 } // namespace
@@ -25,8 +47,11 @@ std::vector<CheckMember> TakeMembersApart(const QStringList& lines, MemberField 
 {
     std::vector<CheckMember> members;
     members.reserve(static_cast<std::size_t>(lines.size()));
-    for (const QString& line : lines)
-        TakeApart(members.emplace_back(), line, first_number);
+    for (const QString& line : lines) {
+        CheckMember& member = members.emplace_back();
+        TakeFields(member, line);
+        ReadNumbers(member, first_number);
+    }
     return members;
 }
 

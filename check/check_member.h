@@ -19,6 +19,7 @@ struct CheckMember {
     qsizetype FieldCount = 0; ///< of the line
     bool Whole = true; ///< exactly 16 fields
     std::array<ParsedDouble, MemberFieldCount - PlotSize> Numbers; ///< see NumberIn
+    bool PlainNumbers = true; ///< all of them are empty, or digits with two decimals at most
 };
 
 /// The lines taken apart; the numbers are those from that field on, plot size at the earliest.

@@ -2,7 +2,6 @@
 #include "cashbook/ledger_file.h"
 #include "cashbook/texts.h"
 #include "check/rules.h"
-#include "data/ansi_text.h"
 #include "data/file_names.h"
 #include "data/german_numbers.h"
 #include "data/line_file.h"
@@ -223,32 +222,6 @@ void CheckGapOfYears(const CheckData& data, Findings& findings, std::size_t acco
 }
 
 } // namespace
-
-LedgerFileLines ReadLedgerFileLines(const RawFile& file)
-{
-    LedgerFileLines lines;
-    qsizetype number = 0;
-    for (qsizetype begin = 0; begin < file.Bytes.size();) {
-        qsizetype end = file.Bytes.indexOf('\r', begin);
-        while (end >= 0 && (end + 1 == file.Bytes.size() || file.Bytes[end + 1] != '\n'))
-            end = file.Bytes.indexOf('\r', end + 1);
-        end = end < 0 ? file.Bytes.size() : end;
-        ++number;
-        const QByteArrayView line = QByteArrayView(file.Bytes).sliced(begin, end - begin);
-        begin = end + 2;
-        if (lines.FirstEmpty > 0) {
-            lines.FilledBehindEmpty += line.isEmpty() ? 0 : 1;
-            continue;
-        }
-        if (line.isEmpty())
-            lines.FirstEmpty = number;
-        const auto marks = std::count(line.begin(), line.end(), ';');
-        const bool odd = !line.isEmpty() && marks != LedgerFieldCount - 1;
-        if (odd)
-            lines.Odd.push_back({ number, DecodeAnsi(line.toByteArray()) });
-    }
-    return lines;
-}
 
 void CheckLedgerLines(const CheckData& data, Findings& findings)
 {

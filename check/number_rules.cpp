@@ -107,9 +107,15 @@ void CheckList(Findings& findings, const std::vector<CheckMember>& list, qsizety
 /// Digits, and two behind the comma at most: nothing is odd about it.
 bool IsOrdinary(const QString& text)
 {
-    const qsizetype comma = text.indexOf(u',');
-    const auto plain = [](QChar sign) { return (sign >= u'0' && sign <= u'9') || sign == u','; };
-    return (comma < 0 || text.size() - comma <= 3) && std::all_of(text.begin(), text.end(), plain);
+    qsizetype comma = text.size();
+    for (qsizetype i = text.size() - 1; i >= 0; --i) {
+        const QChar sign = text[i];
+        if (sign == u',')
+            comma = i;
+        else if (sign < u'0' || sign > u'9')
+            return false;
+    }
+    return text.size() - comma <= 3;
 }
 
 bool OnlyThousands(const QString& text) { return text.contains(u'.') && !text.contains(u','); }
@@ -150,7 +156,7 @@ void CheckMemberNumbers(const CheckData& data, Findings& findings)
         u"Hier steht keine Zahl; ab der ersten dieser Seiten bleiben die Abrechnungen ohne "
         "Beträge."_s };
     for (std::size_t k = 0; k < data.Members.size(); ++k) {
-        if (!data.Members[k].Whole)
+        if (!data.Members[k].Whole || data.Members[k].PlainNumbers)
             continue;
         for (const int field : NumberFields()) {
             if (!IsNoNumber(data.Members[k], field))
@@ -186,6 +192,8 @@ void CheckLastYearReadings(const CheckData& data, Findings& findings)
     const std::size_t places = std::min(data.Members.size(), data.LastYearMembers.size());
     for (std::size_t k = 0; k < places; ++k) {
         const CheckMember& member = data.LastYearMembers[k];
+        if (member.PlainNumbers)
+            continue;
         for (int field = ElectricityStart; member.Whole && field <= WaterEnd; ++field) {
             if (!IsNoNumber(member, field))
                 continue;
@@ -259,7 +267,7 @@ void CheckOddNumbers(const CheckData& data, Findings& findings)
             rounded ? Rounding::Rounded : Rounding::AsTyped, PriceTarget(price), nullptr);
     }
     for (std::size_t k = 0; k < data.Members.size(); ++k) {
-        if (!data.Members[k].Whole)
+        if (!data.Members[k].Whole || data.Members[k].PlainNumbers)
             continue;
         for (const int field : NumberFields()) {
             const QString& text = FieldOf(data.Members[k], field);

@@ -89,21 +89,20 @@ private:
 struct Payments {
     std::vector<Payment> each;
     std::vector<qsizetype> of_surname; ///< by number: payments with it as a word
-    Threes threes; ///< of the texts
+    std::optional<Threes> threes; ///< of the texts, where many surnames are looked for
     QString texts; ///< all texts, each behind a ";", which neither a text nor a surname holds
 };
 
 Payments FindPayments(const CheckBookings& bookings)
 {
     Payments payments;
-    for (std::size_t row = 0; row < bookings.Rows.size(); ++row) {
+    for (const std::size_t row : bookings.MaybeStatements) {
         const QStringView text = bookings.Rows[row].text;
-        if (!text.contains(StatementWord[0]) || !text.contains(StatementWord))
+        if (!text.contains(StatementWord))
             continue;
         payments.each.push_back({ row });
         payments.texts += u';';
         payments.texts += text;
-        payments.threes.Add(text);
     }
     return payments;
 }
@@ -152,10 +151,18 @@ void CountPayments(Payments& payments, const CheckBookings& bookings, const Surn
     CountInEach(payments, bookings, surnames);
 }
 
+/// Worth it from some surnames on that no payment has as a word.
+void NoteThrees(Payments& payments)
+{
+    constexpr qsizetype few_surnames = 16;
+    if (std::count(payments.of_surname.begin(), payments.of_surname.end(), 0) > few_surnames)
+        payments.threes.emplace().Add(payments.texts);
+}
+
 /// The first text that holds the surname somewhere, as the marks look for it.
 QString MarkingText(const Payments& payments, QStringView surname)
 {
-    if (!payments.threes.MayHold(surname))
+    if (payments.threes && !payments.threes->MayHold(surname))
         return {};
     const QStringView texts = payments.texts;
     const qsizetype found = texts.indexOf(surname);
@@ -229,6 +236,7 @@ void CheckPaidMarks(const CheckData& data, Findings& findings)
         if (!surnames)
             surnames = SurnamesOf(data);
         CountPayments(payments, bookings, *surnames);
+        NoteThrees(payments);
         CheckUnknownPayments(bookings, payments, *surnames, account, findings);
         for (int number = 0; number < surnames->numbers.Count(); ++number) {
             const qsizetype members = surnames->counts[static_cast<std::size_t>(number)];

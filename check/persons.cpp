@@ -69,8 +69,13 @@ Numbered Pair(const Numbered& surnames, const Numbered& first_names)
     };
     for (std::size_t place = 0; place < surnames.here.size(); ++place)
         pairs.here.push_back(number(surnames.here[place], first_names.here[place]));
-    for (std::size_t line = 0; line < surnames.there.size(); ++line)
-        pairs.there.push_back(number(surnames.there[line], first_names.there[line]));
+    for (std::size_t line = 0; line < surnames.there.size(); ++line) {
+        const int surname = surnames.there[line];
+        const int first_name = first_names.there[line];
+        const bool same = line < surnames.here.size() // most stand where they stood
+            && surnames.here[line] == surname && first_names.here[line] == first_name;
+        pairs.there.push_back(same ? pairs.here[line] : number(surname, first_name));
+    }
     return pairs;
 }
 

@@ -32,11 +32,21 @@ TextNumbers::TextNumbers(std::size_t most)
     m_texts.reserve(most / 2);
 }
 
+namespace {
+
+bool SameText(QStringView a, QStringView b)
+{
+    const auto bytes = static_cast<std::size_t>(a.size()) * sizeof(char16_t);
+    return a.size() == b.size() && (bytes == 0 || std::memcmp(a.utf16(), b.utf16(), bytes) == 0);
+}
+
+} // namespace
+
 std::size_t TextNumbers::PlaceOf(QStringView text) const
 {
     const std::size_t mask = m_places.size() - 1;
     std::size_t place = SpreadText(text) & mask;
-    while (m_places[place] != 0 && m_texts[m_places[place] - 1] != text)
+    while (m_places[place] != 0 && !SameText(m_texts[m_places[place] - 1], text))
         place = (place + 1) & mask;
     return place;
 }

@@ -5,6 +5,7 @@
 #include "data/line_file.h"
 
 #include <QDir>
+#include <QDirIterator>
 #include <QSet>
 #include <QStringDecoder>
 
@@ -105,6 +106,17 @@ void AddEncoding(
 
 // --- special billings -------------------------------------------------------------------------
 
+/// Most clubs have none; a pattern for the names is not worth its price then.
+bool HasSpecialBillings(const DataFiles& files)
+{
+    for (QDirIterator each(files.DataDirectory, QDir::Files); each.hasNext();) {
+        each.next();
+        if (each.fileName().startsWith(u"SonderAbrechnung"_s, Qt::CaseInsensitive))
+            return true;
+    }
+    return false;
+}
+
 bool LooksLikeSpecialBilling(const QString& name, const QString& year)
 {
     static const QStringList endings { u".xls"_s, u".xlsx"_s, u".xlsm"_s, u".ods"_s };
@@ -199,10 +211,10 @@ void CheckUnsaved(const CheckData& data, Findings& findings)
 
 void CheckSpecialBillings(const CheckData& data, Findings& findings)
 {
+    if (!HasSpecialBillings(data.Source.Files))
+        return;
     const QStringList names
         = QDir(data.Source.Files.DataDirectory).entryList({ u"SonderAbrechnung*"_s }, QDir::Files);
-    if (names.isEmpty())
-        return;
     QSet<QString> wanted;
     for (const CheckMember& member : data.Members)
         wanted.insert(NameWithin(SpecialBillingFileName(FieldOf(member, Surname), data.Year)));

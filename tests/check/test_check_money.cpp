@@ -206,6 +206,36 @@ private Q_SLOTS:
         QVERIFY(!FindingOf(result, u"C44a"_s));
         QVERIFY(!FindingOf(result, u"C45"_s));
     }
+
+    void each_booking_of_a_wrong_day_is_named()
+    {
+        CheckClub club;
+        club.BankLines += { u"31.12.2025;Saat;5,00;0,00"_s, u"31.12.2025;Erde;6,00;0,00"_s,
+            u"01.03.2026;Laub;7,00;0,00"_s, u"31.12.2025;Torf;8,00;0,00"_s };
+        QCOMPARE(FindingOf(club.Check(), u"C44b"_s)->rows.size(), std::size_t { 3 });
+    }
+
+    void texts_alike_at_one_end_are_not_booked_twice()
+    {
+        CheckClub club;
+        for (const QString& text :
+            { u"Saat"_s, u"Saat 1"_s, u"Saat 12"_s, u"Saat 123"_s, u"1 Saat"_s, u"2 Saat"_s })
+            club.BankLines += u"01.03.2026;"_s + text + u";5,00"_s;
+        QVERIFY(!FindingOf(club.Check(), u"C46e"_s));
+        club.BankLines += { u"02.03.2026;Laub;0;3"_s, u"01.03.2026;Saat 123;5"_s };
+        QCOMPARE(FindingOf(club.Check(), u"C46e"_s)->rows.size(), std::size_t { 1 });
+    }
+
+    void an_amount_is_what_its_field_holds()
+    {
+        CheckClub club;
+        club.BankLines += { u"01.03.2026;Saat;1.234,50;0,00"_s, u"01.03.2026;Erde;0,001;2,00"_s,
+            u"01.03.2026;Laub;5,00x;0,00"_s, u"01.03.2026;Torf;0,00;0,000"_s };
+        const CheckResult result = club.Check();
+        QCOMPARE(FindingOf(result, u"C45"_s)->rows.size(), std::size_t { 1 });
+        QCOMPARE(FindingOf(result, u"C46b"_s)->rows.size(), std::size_t { 1 });
+        QCOMPARE(FindingOf(result, u"C46c"_s)->rows.size(), std::size_t { 1 });
+    }
 };
 
 const TestFile<TestCheckMoney> test_file(__FILE__);
