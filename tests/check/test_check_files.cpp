@@ -197,8 +197,5 @@ private Q_SLOTS:
     }
 };
 
-Q_DECLARE_METATYPE(Season)
-Q_DECLARE_METATYPE(Change)
-
 const TestFile<TestCheckFiles> test_file(__FILE__);
 #include "test_check_files.moc"
