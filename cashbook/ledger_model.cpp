@@ -124,9 +124,9 @@ void LedgerModel::SetHits(const std::vector<int>& rows)
 void LedgerModel::SetCurrentHit(int hit)
 {
     m_current_hit = hit;
-    if (rowCount() > 0)
-        Q_EMIT dataChanged(
-            index(0, 0), index(rowCount() - 1, columnCount() - 1), { Qt::BackgroundRole });
+    const QModelIndex last = index(rowCount() - 1, columnCount() - 1);
+    if (last.isValid())
+        Q_EMIT dataChanged(last.sibling(0, 0), last, { Qt::BackgroundRole });
 }
 
 QVariant LedgerModel::Ground(const LedgerRow& row, const QModelIndex& index) const
