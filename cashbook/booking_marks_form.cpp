@@ -66,11 +66,9 @@ void ShowEntryState(const Program& program, int field)
         Tint(control, TintKind::Wrong, SemicolonToolTip(field));
     else if (field == DateEntry)
         ShowDateState(program);
-    else if (field == TextEntry)
-        Tint(control, TintKind::None);
-    else if (text.isEmpty())
+    else if (field != TextEntry && text.isEmpty())
         Tint(control, TintKind::Doubtful, QStringLiteral("Leer zählt der Betrag als 0,00"));
-    else if (TintOf(control) == TintKind::Doubtful)
+    else if (field == TextEntry || TintOf(control) == TintKind::Doubtful)
         Tint(control, TintKind::None); // all else is said as with every amount
 }
 
