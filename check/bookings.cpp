@@ -132,7 +132,8 @@ bool TakeWritten(BookedAmount& amount, Rest& rest)
     if (comma == rest.at || behind < 3 || *comma != u',' || !IsDigit(comma[1]) || !IsDigit(comma[2])
         || (behind > 3 && comma[3] != u';'))
         return false;
-    amount.cents = cents * 100 + (comma[1] - u'0') * 10 + (comma[2] - u'0');
+    const Cents tens = comma[1] - u'0';
+    amount.cents = cents * 100 + tens * 10 + (comma[2] - u'0');
     amount.sign = SignOf(amount.cents);
     amount.size = static_cast<qint32>(comma + 3 - rest.at);
     rest.at = comma + 3;
