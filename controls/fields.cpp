@@ -12,6 +12,7 @@
 #include <QLineEdit>
 #include <QPalette>
 #include <QPushButton>
+#include <QToolTip>
 #include <QVariant>
 
 #include <algorithm>
