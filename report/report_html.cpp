@@ -145,8 +145,8 @@ QString HtmlOfCell(
         style += u"padding-left:%1px"_s.arg(static_cast<int>(cell.indent) * indent_pixels);
     if (row.total)
         style += u"font-weight:bold; border-top:1px solid gray"_s;
-    const QString tint
-        = row.tint == RowTint::None ? QString() : u" bgcolor=\"%1\""_s.arg(Colour(row.tint));
+    const QString colour = Colour(row.tint);
+    const QString tint = colour.isEmpty() ? QString() : u" bgcolor=\"%1\""_s.arg(colour);
     return u"<td"_s + Alignment(column) + WidthOf(column) + tint + u" style=\""_s
         + style.join(u"; "_s) + u"\">"_s
         + (cell.bar ? HtmlOfBar(*cell.bar, cell.bar_look) : QString()) + u"<span>"_s

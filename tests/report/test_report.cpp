@@ -145,6 +145,39 @@ private Q_SLOTS:
         QVERIFY(TextOfReport(report).contains(u"Zöllner\t9,00\nSumme"_s));
     }
 
+    void rows_without_a_value_stand_behind_those_with_one()
+    {
+        ReportTable table { u"Tage"_s };
+        table.columns = { { u"Tag"_s, ColumnKind::Text, true } };
+        for (const char* text : { "b", "2", "a", "1", "1" })
+            table.rows.push_back({ { TextCell(QString::fromLatin1(text)) } });
+        table.rows[1].cells = { NumberCell(u"2"_s, 2.0) };
+        table.rows[3].cells = { NumberCell(u"1, zuerst"_s, 1.0) };
+        table.rows[4].cells = { NumberCell(u"1, danach"_s, 1.0) };
+        table.rows.push_back({}); // no cell at all
+        Report report;
+        report.items.emplace_back(table);
+        ReportChoices choices;
+        TakeChoice(choices, SortLink(u"Tage"_s, 0).control);
+        SortTables(report, choices);
+        QCOMPARE(TextOfReport(report), u"Tag\n1, zuerst\n1, danach\n2\n\na\nb\n"_s);
+        TakeChoice(choices, SortLink(u"Tage"_s, 0).control);
+        SortTables(report, choices);
+        QCOMPARE(TextOfReport(report), u"Tag\nb\na\n\n2\n1, zuerst\n1, danach\n"_s);
+    }
+
+    void a_click_on_another_column_begins_anew()
+    {
+        ReportChoices choices;
+        TakeChoice(choices, SortLink(u"Namen"_s, 0).control);
+        TakeChoice(choices, SortLink(u"Namen"_s, 1).control);
+        QCOMPARE(choices.Sorting.value(u"Namen"_s), (SortChoice { 1, Qt::AscendingOrder }));
+        Report other = Sample();
+        std::get<ReportTable>(other.items[2]).name = u"Andere"_s;
+        SortTables(other, choices);
+        QCOMPARE(FirstRow(other), u"Zöllner"_s);
+    }
+
     void lists_and_filters_are_choices_and_other_actions_are_not()
     {
         ReportChoices choices;
