@@ -50,6 +50,16 @@ bool IsDarkDesktop() { return QGuiApplication::palette().color(QPalette::Base).l
 /// A red that can be read on the ground of the table.
 QColor Red() { return IsDarkDesktop() ? QColor(0xff, 0x80, 0x80) : QColor(0xd0, 0, 0); }
 
+/// More of the text than of its ground. The palette's own colour for that need not fit its ground:
+/// dark desktops that name none leave the light one's.
+QColor Quiet()
+{
+    constexpr float share = 0.6F;
+    QColor colour = QGuiApplication::palette().color(QPalette::Text);
+    colour.setAlphaF(share);
+    return colour;
+}
+
 /// Most bookings have one amount; the other one's zero steps back.
 bool IsNothing(const LedgerRow& row, int column)
 {
@@ -63,7 +73,7 @@ QVariant ForegroundOf(const LedgerRow& row, int column)
     if (negative || IsWrong(row, column))
         return Red();
     if (IsNothing(row, column))
-        return QGuiApplication::palette().color(QPalette::PlaceholderText);
+        return Quiet();
     return {};
 }
 

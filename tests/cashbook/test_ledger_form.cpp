@@ -6,7 +6,9 @@
 #include "tests/support/test_file.h"
 
 #include <QFile>
+#include <QGuiApplication>
 #include <QHeaderView>
+#include <QScopeGuard>
 #include <QTreeWidget>
 
 using namespace Qt::StringLiterals;
@@ -78,6 +80,24 @@ private Q_SLOTS:
             = [&](int row) { return club.View()->model()->index(row, 4).data(Qt::ForegroundRole); };
         QVERIFY(!colour(0).isValid());
         QVERIFY(colour(1).value<QColor>().red() > colour(1).value<QColor>().green() + 100);
+    }
+
+    void the_zero_beside_an_amount_steps_back_and_is_read_on_every_desktop()
+    {
+        const CashBookClub club(bank_line);
+        const QPalette before = QGuiApplication::palette();
+        const auto restore = qScopeGuard([&] { QGuiApplication::setPalette(before); });
+        QPalette dark = before;
+        dark.setColor(QPalette::Base, QColor(0x20, 0x20, 0x20));
+        dark.setColor(QPalette::Text, Qt::white);
+        dark.setColor(
+            QPalette::PlaceholderText, QColor(0x20, 0x20, 0x20)); // as some themes have it
+        QGuiApplication::setPalette(dark);
+        const QModelIndex zero = club.View()->model()->index(0, 3);
+        QCOMPARE(zero.data().toString(), u"0,00 €"_s);
+        const auto colour = zero.data(Qt::ForegroundRole).value<QColor>();
+        QCOMPARE(colour.rgb(), QColor(Qt::white).rgb());
+        QVERIFY2(colour.alpha() > 127 && colour.alpha() < 192, qPrintable(colour.name()));
     }
 
     void the_balance_is_black_when_it_shows_as_zero_or_more()
