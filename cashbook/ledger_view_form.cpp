@@ -202,11 +202,6 @@ Account ShownAccount(const Program& program)
     return bank ? Account::Bank : Account::CashBox;
 }
 
-QStringList& CurrentLedger(Program& program)
-{
-    return LedgerOf(program.CashBook, ShownAccount(program)).Lines;
-}
-
 const QStringList& CurrentLedger(const Program& program)
 {
     return LedgerOf(program.CashBook, ShownAccount(program)).Lines;
@@ -262,6 +257,6 @@ void PickLedgerRow(Program& program, int row)
     CashBookState& book = program.CashBook;
     book.LedgerEditMode = true;
     book.SelectedLedgerRow = row + 1;
-    FillEntry(program, EntryOfLine(CurrentLedger(std::as_const(program)).value(row)));
+    FillEntry(program, EntryOfLine(CurrentLedger(program).value(row)));
     ShowCashBookMarks(program);
 }

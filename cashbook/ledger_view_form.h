@@ -20,7 +20,6 @@ void SetUpLedgerColumns(Program& program);
 Account ShownAccount(const Program& program);
 
 /// The list of the shown account.
-QStringList& CurrentLedger(Program& program);
 const QStringList& CurrentLedger(const Program& program);
 
 /// Label21 for the current account (bank name and club name may have changed).
