@@ -248,6 +248,23 @@ private Q_SLOTS:
         QCOMPARE(club.Read(members), found);
     }
 
+    void a_state_that_does_not_load_comes_back_and_the_load_says_so()
+    {
+        HistoryClub club;
+        const QByteArray damaged
+            = club.Read(ledger) + "1.1.2017;a;1,00;0,00\n2.1.2017;b;1,00;0,00\r\n";
+        club.Write(ledger, damaged); // somebody else, after the load
+        club.program.CashBookTab.CommandSaveLedger->click();
+        QVERIFY(club.Read(ledger) != damaged);
+        QVERIFY(club.Text().contains(u"vorgefunden"_s));
+        club.Boxes.clear();
+        club.Follow(u"take-1"_s);
+        QCOMPARE(club.Read(ledger), damaged);
+        QCOMPARE(club.Boxes.size(), 2);
+        QVERIFY(club.Boxes[1].text.contains(u"zwei Buchungen"_s));
+        QVERIFY(club.Boxes[1].text.contains(ledger));
+    }
+
     void a_print_run_is_an_entry_and_the_check_report_reads_it()
     {
         HistoryClub club;
