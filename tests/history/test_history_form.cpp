@@ -262,7 +262,7 @@ private Q_SLOTS:
         QCOMPARE(club.Read(ledger), damaged);
         QCOMPARE(club.Boxes.size(), 2);
         QVERIFY(club.Boxes[1].text.contains(u"zwei Buchungen"_s));
-        QVERIFY(club.Boxes[1].text.contains(ledger));
+        QVERIFY(club.Boxes[1].detail.contains(ledger));
     }
 
     void a_print_run_is_an_entry_and_the_check_report_reads_it()
