@@ -187,6 +187,21 @@ private Q_SLOTS:
         QCOMPARE(NeighbourOf(current, step, count), next);
     }
 
+    void what_the_file_holds_is_asked_by_field()
+    {
+        MemberLists lists = Three();
+        lists.StoredList = { Line(u"A"_s), u"Kurz"_s };
+        MemberState member;
+        QCOMPARE(StoredText(lists, member, Surname), QString()); // a new one is typed
+        member.CurrentMember = 0;
+        QCOMPARE(StoredText(lists, member, Surname), u"A"_s);
+        QCOMPARE(StoredText(lists, member, WaterEnd), u"25"_s);
+        member.CurrentMember = 1;
+        QCOMPARE(StoredText(lists, member, WaterEnd), QString());
+        member.CurrentMember = 2; // not in the file yet
+        QCOMPARE(StoredText(lists, member, Surname), QString());
+    }
+
     void a_field_tells_how_it_stands_to_the_file_data()
     {
         QTest::addColumn<int>("field");

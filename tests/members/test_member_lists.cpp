@@ -225,6 +225,51 @@ private Q_SLOTS:
         QVERIFY(!lists.PreviousYearRead);
     }
 
+    void a_last_year_that_cannot_be_read_keeps_no_year_shut()
+    {
+        const Club club;
+        club.Put(u"2017"_s, "a;b\r\n");
+        const QByteArray damaged = QByteArray(40000, 'x') + "\r\n";
+        club.Put(u"2016"_s, damaged);
+        const BothYears read = ReadBothYears(club.files, u"2017"_s);
+        QCOMPARE(read.Lists.RecordList, QStringList { u"a;b"_s });
+        QVERIFY(read.Lists.PreviousYearList.isEmpty());
+        QVERIFY(read.Lists.PreviousYearRead);
+        QCOMPARE(read.PreviousYearError->where.file, u"Mitgliedsdaten2016.pz"_s);
+        const RuntimeError error = ErrorOf([&] { ReadBothYears(club.files, u"2016"_s); });
+        QCOMPARE(error.where.file, u"Mitgliedsdaten2016.pz"_s);
+    }
+
+    void both_years_are_read_together()
+    {
+        const Club club;
+        club.Put(u"2017"_s, "a;b\r\n");
+        QVERIFY(ReadBothYears(club.files, u"2017"_s).Lists.PreviousYearMissing);
+        club.Put(u"2016"_s, "c;d\r\n");
+        const BothYears read = ReadBothYears(club.files, u"2017"_s);
+        QCOMPARE(read.Lists.RecordList, QStringList { u"a;b"_s });
+        QCOMPARE(read.Lists.PreviousYearList, QStringList { u"c;d"_s });
+        QVERIFY(!read.PreviousYearError && !read.Lists.PreviousYearMissing);
+    }
+
+    void blank_lines_at_the_end_are_no_members()
+    {
+        const Club club;
+        club.Put(u"2016"_s, "a;b\r\n\r\nc;d;e;f;g;h;i;3\r\n \t\r\n\r\n");
+        MemberLists lists;
+        ReadMembersFile(lists, club.files, u"2016"_s);
+        DropBlankLinesAtEnd(lists);
+        QCOMPARE(lists.RecordList, QStringList({ u"a;b"_s, QString(), u"c;d;e;f;g;h;i;3"_s }));
+        QCOMPARE(lists.StoredList, lists.RecordList);
+        QCOMPARE(lists.NameList, QStringList({ u"a,b"_s, u","_s, u"c,d"_s }));
+        QCOMPARE(lists.CashBookNameList, lists.NameList);
+        QCOMPARE(lists.InstalmentList, QStringList({ QString(), QString(), u"3"_s }));
+        club.Put(u"2016"_s, "\r\n\r\n");
+        ReadMembersFile(lists, club.files, u"2016"_s);
+        DropBlankLinesAtEnd(lists);
+        QVERIFY(lists.RecordList.isEmpty() && lists.NameList.isEmpty());
+    }
+
     void rolling_forward_takes_end_readings_as_start_readings()
     {
         const QStringList rolled
@@ -289,6 +334,17 @@ private Q_SLOTS:
         const RuntimeError at_end = ErrorOf([&] { MeterDifference(u"a"_s, u"b"_s, start, end); });
         QCOMPARE(at_end.where.field, u"end"_s);
         QCOMPARE(at_end.where.content, u"b"_s);
+    }
+
+    void a_difference_beyond_all_numbers_overflows()
+    {
+        Place end;
+        end.field = u"end"_s;
+        const QString largest = u"17"_s + QString(307, u'0');
+        const RuntimeError error
+            = ErrorOf([&] { MeterDifference(u'-' + largest, largest, {}, end); });
+        QCOMPARE(error.kind, ErrorKind::Overflow);
+        QCOMPARE(error.where.field, u"end"_s);
     }
 };
 
