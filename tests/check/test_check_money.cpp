@@ -182,6 +182,62 @@ private Q_SLOTS:
         VerifyRule(*rule);
     }
 
+    void no_other_text_than_an_iban_passes_as_one_data()
+    {
+        QTest::addColumn<QString>("iban");
+        QTest::addColumn<bool>("passes");
+        const auto row = [](const char* name, const QString& iban, bool passes) {
+            QTest::newRow(name) << iban << passes;
+        };
+        row("Austria", u"AT61 1904 3002 3457 3201"_s, true);
+        row("the shortest", u"NO93 8601 1117 947"_s, true);
+        row("with letters", u"mt84 malt 0110 0001 2345 mtlc ast0 01s"_s, true);
+        row("too short", u"NO93 8601 1117 94"_s, false);
+        row("too long", u"MT84"_s + QString(31, u'0'), false);
+        row("no country", u"0661 1904 3002 3457 3201"_s, false);
+        row("no check digits", u"ATX1 1904 3002 3457 3201"_s, false);
+        row("a hyphen", u"AT61 1904-3002 3457 3201"_s, false);
+        row("German and a digit short", u"DE2800000000000000047"_s, false);
+        row("German and a digit long", u"DE851111111111111111111"_s, false);
+        row("a BIC with a hyphen", u"ROTF-DE00XXX"_s, false);
+    }
+    void no_other_text_than_an_iban_passes_as_one()
+    {
+        QFETCH(QString, iban);
+        QFETCH(bool, passes);
+        CheckClub club;
+        club.Bank.Iban = iban;
+        const auto found = FindingOf(club.Check(), u"C34"_s);
+        QCOMPARE(found.has_value(), !passes);
+        if (found) {
+            QCOMPARE(found->sentence,
+                u"Die IBAN „%1“ kann nicht stimmen: Ihre Prüfziffer oder ihre Länge passt nicht."_s
+                    .arg(iban));
+        }
+    }
+
+    void the_countries_of_a_wrong_iban_and_a_bic_are_not_compared()
+    {
+        CheckClub club;
+        club.Bank.Iban = u"DE06 0000 0000 0000 0047 12"_s;
+        club.Bank.Bic = u"ROTFAT00XXX"_s;
+        QVERIFY(!FindingOf(club.Check(), u"C35c"_s));
+    }
+
+    void a_missing_club_name_is_typed_where_its_box_is_shown()
+    {
+        CheckClub club;
+        club.Raw[u"V.dat"_s] = std::nullopt;
+        club.Spoil = [](CheckSource& source) { source.ClubNameBoxShown = true; };
+        const auto shown = FindingOf(club.Check(), u"C33b"_s);
+        QCOMPARE(shown->remedy, u"Tragen Sie ihn oben ein und drücken Sie „Speichern“ daneben."_s);
+        QCOMPARE(shown->target.control, u"Text5"_s);
+        club.Spoil = [](CheckSource& source) { source.ClubName = u"KGV Rotenfeld"_s; };
+        const auto hidden = FindingOf(club.Check(), u"C33b"_s); // the file is gone since the start
+        QVERIFY(hidden->remedy.startsWith(u"Beenden Sie das Programm, löschen Sie"_s));
+        QVERIFY(hidden->target.kind == LinkKind::None);
+    }
+
     void a_missing_deadline_is_a_hint_before_billing_time()
     {
         CheckClub club(Season::January);
@@ -205,6 +261,70 @@ private Q_SLOTS:
         const CheckResult result = club.Check();
         QVERIFY(!FindingOf(result, u"C44a"_s));
         QVERIFY(!FindingOf(result, u"C45"_s));
+    }
+
+    void many_surnames_are_looked_for_as_few_are_data()
+    {
+        QTest::addColumn<QString>("surname");
+        QTest::addColumn<bool>("marked");
+        QTest::newRow("within a word") << u"Lang"_s << true;
+        QTest::newRow("at the end") << u"ger"_s << true;
+        QTest::newRow("two signs") << u"La"_s << true;
+        QTest::newRow("other threes") << u"Lanz"_s << false;
+        QTest::newRow("of two texts") << u"gerAb"_s << false;
+        QTest::newRow("the threes alone") << u"angerechnung"_s << false;
+    }
+    void many_surnames_are_looked_for_as_few_are()
+    {
+        QFETCH(QString, surname);
+        QFETCH(bool, marked);
+        CheckClub club;
+        for (int k = 0; k < club.Members.size(); ++k)
+            club.Members[k][Surname] = u"Xx%1"_s.arg(k);
+        club.Members[3][Surname] = surname;
+        club.BankLines += { u"01.12.2026;Abrechnung Langer;120,00;0,00"_s,
+            u"02.12.2026;Abrechnung;1,00;0,00"_s };
+        const auto found = FindingOf(club.Check(), u"C50b"_s);
+        QCOMPARE(found.has_value(), marked);
+        if (marked)
+            QCOMPARE(found->rows.front().text, u"Konto: "_s + surname);
+    }
+
+    void a_surname_of_several_words_is_looked_for_as_a_whole()
+    {
+        const auto marks = [](const QString& text) {
+            CheckClub club;
+            club.Members[0][Surname] = u"van Dyk"_s;
+            club.BankLines += u"01.12.2026;"_s + text + u";120,00;0,00"_s;
+            return FindingOf(club.Check(), u"C50b"_s);
+        };
+        QVERIFY(!marks(u"Abrechnung van Dyk"_s));
+        QVERIFY(!marks(u"van Dyk, Abrechnung"_s));
+        QVERIFY(!marks(u"Abrechnung van Dyken (van Dyk)"_s));
+        QCOMPARE(marks(u"Abrechnung van Dyken"_s)->sentence,
+            u"Als bezahlt markiert, aber gebucht ist „Abrechnung van Dyken“."_s);
+        QCOMPARE(marks(u"Abrechnung Evan Dyk"_s)->rows.front().text, u"Konto: van Dyk"_s);
+    }
+
+    void no_surname_marks_nobody()
+    {
+        CheckClub club;
+        club.Members[0][Surname].clear();
+        club.BankLines += u"01.12.2026;Abrechnung Schmidt;120,00;0,00"_s;
+        const CheckResult result = club.Check();
+        QVERIFY(!FindingOf(result, u"C50b"_s));
+        QVERIFY(FindingOf(result, u"C50a"_s).has_value());
+    }
+
+    void what_is_no_payment_of_a_bill_is_left_alone()
+    {
+        CheckClub club;
+        club.BankLines += { u"01.12.2026;Rechnung Langer;120,00;0,00"_s,
+            u"02.12.2026;abrechnung Langer;120,00;0,00"_s,
+            u"03.12.2026;Abrechnung Maier;0,00;120,00"_s };
+        const CheckResult result = club.Check();
+        QVERIFY(!FindingOf(result, u"C50a"_s));
+        QVERIFY(!FindingOf(result, u"C50b"_s));
     }
 
     void each_booking_of_a_wrong_day_is_named()
