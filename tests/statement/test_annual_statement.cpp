@@ -41,6 +41,9 @@ private Q_SLOTS:
     void a_page_that_is_not_there_has_a_bill_that_stopped();
     void the_bills_of_the_drawn_pages_are_those_of_the_totals_list();
     void pages_stay_as_they_were_drawn_when_the_lists_change();
+    void pages_behind_the_stop_are_unfinished();
+    void the_title_is_that_of_the_drawn_pages();
+    void what_is_asked_for_beside_the_bill_comes_last_on_its_page();
     void a_drawing_after_another_is_as_if_it_were_the_first_data();
     void a_drawing_after_another_is_as_if_it_were_the_first();
 };
@@ -170,6 +173,56 @@ void TestAnnualStatement::pages_stay_as_they_were_drawn_when_the_lists_change()
 }
 
 using Change = std::function<void(BillSource&)>;
+
+void TestAnnualStatement::pages_behind_the_stop_are_unfinished()
+{
+    BillSource source = OneMember(whole, whole);
+    source.Members.RecordList += { u"Kurz;Karl"_s, whole };
+    source.Members.PreviousYearList += { whole, whole };
+    StatementState statement;
+    QVERIFY(!IsUnfinished(statement, 0)); // there is no such page
+    QVERIFY(!ErrorOfDrawing(statement, source).isEmpty());
+    QVERIFY(!IsUnfinished(statement, 0));
+    QVERIFY(IsUnfinished(statement, 1));
+    QVERIFY(IsUnfinished(statement, 2));
+    QVERIFY(!IsUnfinished(statement, 3));
+    QVERIFY(ContentsOfPage(statement, 2).fixed != nullptr);
+    QVERIFY(ContentsOfPage(statement, 2).member.empty());
+    for (const qsizetype nowhere : { qsizetype(-1), qsizetype(3) }) {
+        QVERIFY(ContentsOfPage(statement, nowhere).fixed == nullptr);
+        QVERIFY(ContentsOfPage(statement, nowhere).member.empty());
+    }
+}
+
+void TestAnnualStatement::the_title_is_that_of_the_drawn_pages()
+{
+    StatementState statement;
+    QCOMPARE(TitleOfPages(statement), QString());
+    BillSource source = OneMember(whole, whole);
+    source.YearText = u"2016"_s;
+    DrawAllPages(statement, source);
+    const QString title = TitleOfPages(statement);
+    QVERIFY2(title.contains(u"2016"_s), qPrintable(title));
+    source.YearText = u"2017"_s;
+    DrawAllPages(statement, source);
+    QCOMPARE(TitleOfPages(statement), QString(title).replace(u"2016"_s, u"2017"_s));
+}
+
+void TestAnnualStatement::what_is_asked_for_beside_the_bill_comes_last_on_its_page()
+{
+    StatementState statement;
+    DrawAllPages(statement, OneMember(whole, whole));
+    const PageItems bill = ContentsOfPage(statement, 0).member;
+    statement.AddedItems = [](const PageBill& page) {
+        PageText text;
+        text.text = GrandTotalText(page.Statement.total.value_or(0))
+            + u" auf Seite %1"_s.arg(page.Index + 1);
+        return PageItems { text };
+    };
+    const PageItems items = ContentsOfPage(statement, 0).member;
+    QCOMPARE(items.size(), bill.size() + 1);
+    QCOMPARE(std::get<PageText>(items.back()).text, u"114,00  € auf Seite 1"_s);
+}
 
 void TestAnnualStatement::a_drawing_after_another_is_as_if_it_were_the_first_data()
 {
