@@ -156,6 +156,40 @@ private Q_SLOTS:
         QCOMPARE(book.Bank.Lines.size(), 99'999);
     }
 
+    void ok_puts_the_line_where_the_order_wants_it()
+    {
+        CashBookState book = Book({ a, c });
+        book.Bank.InOrder = true;
+        ApplyEntry(book, Account::Bank, b);
+        QCOMPARE(book.Bank.Lines, QStringList({ a, b, c }));
+        book.LedgerEditMode = true;
+        book.SelectedLedgerRow = 1;
+        ApplyEntry(book, Account::Bank, typed);
+        QCOMPARE(book.Bank.Lines, QStringList({ b, c, typed }));
+        QVERIFY(book.Bank.InOrder);
+    }
+
+    void a_date_that_has_no_place_ends_the_order()
+    {
+        CashBookState book = Book({ a, c });
+        book.Bank.InOrder = true;
+        ApplyEntry(book, Account::Bank, u"1.1.16;x;0,00;1,00"_s);
+        QCOMPARE(book.Bank.Lines, QStringList({ a, c, u"1.1.16;x;0,00;1,00"_s }));
+        QVERIFY(!book.Bank.InOrder);
+        ApplyEntry(book, Account::Bank, b);
+        QCOMPARE(book.Bank.Lines.last(), b);
+    }
+
+    void a_list_belongs_to_the_year_it_was_read_for()
+    {
+        Ledger ledger;
+        QVERIFY(!IsOfAnotherYear(ledger, u"2016"_s, u"2016"_s)); // read for none yet
+        ledger.Year = u"2016"_s;
+        QVERIFY(!IsOfAnotherYear(ledger, u"2016"_s, u"2017"_s));
+        QVERIFY(!IsOfAnotherYear(ledger, u"2017"_s, u"2016"_s));
+        QVERIFY(IsOfAnotherYear(ledger, u"2017"_s, u"2017"_s));
+    }
+
     void each_account_has_a_list_and_marks_of_its_own()
     {
         CashBookState book;

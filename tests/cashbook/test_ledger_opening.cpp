@@ -101,6 +101,45 @@ private Q_SLOTS:
         QVERIFY(folder.book.Bank.Unread);
     }
 
+    void a_ledger_is_read_as_it_stands_without_being_sorted()
+    {
+        Folder folder;
+        const QByteArray lines = "02.01.2017;b;1,00;0,00;fünf\r\n01.01.2017;a;1,00;0,00\r\n";
+        folder.Put(u"HandKasse2017.pz"_s, QString::fromUtf8(lines).toLatin1());
+        folder.book.CashBox.InOrder = true;
+        ReadLedgerAsItStands(folder.book, folder.Place(Account::CashBox));
+        QCOMPARE(folder.book.CashBox.Lines,
+            QStringList({ u"02.01.2017;b;1,00;0,00;fünf"_s, u"01.01.2017;a;1,00;0,00"_s }));
+        QCOMPARE(folder.book.CashBox.Year, u"2017"_s);
+        QVERIFY(!folder.book.CashBox.InOrder && !folder.book.CashBox.Unread);
+        QVERIFY(folder.book.Bank.Lines.isEmpty());
+    }
+
+    void without_a_file_the_list_stays_and_with_a_damaged_one_it_is_unread()
+    {
+        Folder folder;
+        folder.book.Bank.Lines = { u"typed"_s };
+        ReadLedgerAsItStands(folder.book, folder.Place());
+        QCOMPARE(folder.book.Bank.Lines, QStringList { u"typed"_s });
+        QCOMPARE(folder.book.Bank.Year, u"2017"_s);
+        QVERIFY(folder.said.isEmpty());
+        folder.Put(u"Konto2017.pz"_s, QByteArray(33'000, 'x'));
+        const RuntimeError error
+            = ErrorOf([&] { ReadLedgerAsItStands(folder.book, folder.Place()); });
+        QCOMPARE(error.where.file, u"Konto2017.pz"_s);
+        QCOMPARE(folder.book.Bank.Lines, QStringList { u"typed"_s });
+        QVERIFY(folder.book.Bank.Unread);
+    }
+
+    void a_year_known_to_have_no_history_is_read_where_there_is_a_file()
+    {
+        Folder folder;
+        folder.Put(u"Konto2017.pz"_s, "02.01.2017;b;1,00;0,00\r\n01.01.2017;a;1,00;0,00\r\n");
+        LoadLedgerWithoutHistory(folder.book, folder.Place());
+        QCOMPARE(folder.book.Bank.Lines,
+            QStringList({ u"01.01.2017;a;1,00;0,00"_s, u"02.01.2017;b;1,00;0,00"_s }));
+    }
+
     void what_was_typed_meanwhile_is_put_behind_the_file()
     {
         Folder folder;
