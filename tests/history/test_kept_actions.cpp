@@ -340,6 +340,149 @@ private Q_SLOTS:
         QVERIFY(table.rows[1].tint == RowTint::Attention);
     }
 
+    void what_is_damaged_or_gone_is_not_taken_back()
+    {
+        const Kept kept;
+        kept.Save(club, "A\r\n");
+        {
+            const SavingAction action(kept.files);
+            kept.Save(club, "B\r\n");
+            kept.Save(bank, "1.1.26;a;1,00;0,00\r\n");
+        }
+        QCOMPARE(Written(StateOfNumber(kept.files, 2)), QStringList { u"V.dat=B\r\n"_s });
+        kept.Damage(u"000000000002-000000000002"_s);
+        QVERIFY(StateOfNumber(kept.files, 2).States.isEmpty());
+        QVERIFY(StateOfNumber(kept.files, 99).Question.isEmpty());
+        const StatesToTake whole = StatesOfAction(kept.files, 2);
+        QCOMPARE(Written(whole), QStringList { u"Konto2026.pz=1.1.26;a;1,00;0,00\r\n"_s });
+        QCOMPARE(whole.Missing, QStringList { u"eine Datei"_s });
+        const StatesToTake before = StatesBeforeAction(kept.files, 2);
+        QCOMPARE(Written(before), QStringList { u"V.dat=A\r\n"_s });
+        QCOMPARE(before.Missing, QStringList { u"Konto 2026"_s });
+        kept.Damage(u"000000000001-000000000001"_s);
+        QCOMPARE(StatesBeforeAction(kept.files, 2).Missing,
+            (QStringList { u"eine Datei"_s, u"Konto 2026"_s }));
+        QVERIFY(StatesOfAction(kept.files, 99).Question.isEmpty());
+        QVERIFY(StatesBeforeAction(kept.files, 99).Question.isEmpty());
+    }
+
+    void what_went_out_has_no_state_before_it()
+    {
+        const Kept kept;
+        KeepSentBills(kept.files, u"2026"_s, SentHow::Printed, { { 1, u"x"_s, u"1"_s } });
+        QVERIFY(StatesBeforeAction(kept.files, 1).Question.isEmpty());
+        QVERIFY(StatesOfAction(kept.files, 1).Question.isEmpty());
+    }
+
+    void a_history_that_cannot_be_read_gives_nothing_to_take()
+    {
+        const DataFiles homeless { u"/verein"_s, {} };
+        QVERIFY(StateOfNumber(homeless, 1).States.isEmpty());
+        QVERIFY(StatesOfAction(homeless, 1).States.isEmpty());
+        QVERIFY(StatesBeforeTheLast(homeless).Question.isEmpty());
+    }
+
+    void a_file_of_another_name_is_told_once_and_in_no_filter()
+    {
+        const Kept kept;
+        kept.Save(club, "A\r\n");
+        QFile foreign(kept.files.StateDirectory + u"/verlauf/fremd"_s);
+        QVERIFY(foreign.open(QIODevice::WriteOnly));
+        QCOMPARE(kept.Words(),
+            (QStringList { u"Vereinsname: (leer) → A"_s, u"beschädigt, nicht lesbar"_s }));
+        QList<HistoryEntry> entries;
+        QVERIFY(!ReadHistory(kept.files, entries));
+        QCOMPARE(ActionsOf(entries, HistoryKeyOf(u"V.dat"_s)).size(), 1);
+        QCOMPARE(FilesOf(kept.files, entries).size(), 1);
+        QVERIFY(kept.ReportLines().contains(u"Ohne Datum"_s));
+    }
+
+    void three_files_of_one_press_are_counted()
+    {
+        const Kept kept;
+        const SavingAction action(kept.files);
+        kept.Save(club, "A\r\n");
+        kept.Save(bank, "1.1.26;a;1,00;0,00\r\n");
+        kept.Save(cash, "1.1.26;a;1,00;0,00\r\n");
+        QCOMPARE(kept.Words(), QStringList { u"3 Dateien gespeichert"_s });
+    }
+
+    void a_link_says_what_is_to_be_done_with_which_state()
+    {
+        const Kept kept;
+        kept.Save(club, "A\r\n");
+        {
+            const SavingAction action(kept.files);
+            kept.Save(club, "B\r\n");
+            kept.Save(bank, "1.1.26;a;1,00;0,00\r\n");
+        }
+        QStringList found;
+        const Report report = HistoryReport(kept.files, {});
+        for (const ReportItem& item : report.items) {
+            if (const auto* table = std::get_if<ReportTable>(&item)) {
+                for (const ReportRow& row : table->rows)
+                    found += row.cells.back().text.target.control;
+            } else if (const auto* sentence = std::get_if<ReportSentence>(&item)) {
+                found += sentence->texts.back().target.control;
+            }
+        }
+        QStringList deeds;
+        for (const QString& control : std::as_const(found)) {
+            const HistoryLink link = HistoryLinkOf(control);
+            if (link.Deed != HistoryDeed::None)
+                deeds += u"%1 %2"_s.arg(static_cast<int>(link.Deed)).arg(link.Number);
+        }
+        QCOMPARE(deeds, // all of action 2, what was before it, state 1, empty
+            (QStringList { u"3 2"_s, u"4 2"_s, u"2 1"_s, u"5 0"_s }));
+        QVERIFY(HistoryLinkOf(u"filter:x"_s).Deed == HistoryDeed::None);
+        QVERIFY(HistoryLinkOf({}).Deed == HistoryDeed::None);
+    }
+
+    void every_kind_of_state_has_its_captions()
+    {
+        const HistoryMark mark { 1, 1, QDateTime({ 2026, 11, 20 }, { 14, 3 }), Deed::Saved };
+        const auto text = [&mark](const char* name, const QByteArray& content) {
+            return TextOfReport(
+                StateReport({ QString::fromLatin1(name), content, mark }, std::nullopt));
+        };
+        QCOMPARE(text("V.dat", "KGV\r\n"),
+            u"Vereinsname, Stand vom 20.11.2026, 14:03 Uhr\n"
+            "Farbig: 1 Zeile, die jetzt nicht mehr so in der Datei steht.\n"
+            "Zeile\tVereinsname\n1\tKGV\n"_s);
+        QCOMPARE(text("HandKasse2026.pz", "1.1.26;a;1,00;0,00;zu;viel\r\n2.1.26\r\n"),
+            u"Handkasse 2026, Stand vom 20.11.2026, 14:03 Uhr\n"
+            "Farbig: 2 Zeilen, die jetzt nicht mehr so in der Datei stehen.\n"
+            "Zeile\tBuchungsdatum\tVorgang\tEinzahlung\tAbheben\n"
+            "1\t1.1.26\ta\t1,00\t0,00;zu;viel\n2\t2.1.26\t\t\t\n"_s);
+        QVERIFY(text("Config1.ini", "[Daten]\r\nBankname=Volksbank\r\n")
+                    .contains(u"\nZeile\tAngabe\tWert\n1\tBankname\tVolksbank\n"_s));
+    }
+
+    void a_line_counts_as_often_as_it_stands_in_the_file_now()
+    {
+        const HistoryMark mark { 1, 1, QDateTime({ 2026, 11, 20 }, { 14, 3 }), Deed::Saved };
+        const Report report
+            = StateReport({ u"Konto2026.pz"_s, "a\r\na\r\na\r\n", mark }, "a\r\nb\r\na\r\n");
+        const auto& table = std::get<ReportTable>(report.items.back());
+        QVERIFY(table.rows[1].tint == RowTint::None);
+        QVERIFY(table.rows[2].tint == RowTint::Attention);
+        const Report prices = StateReport(
+            { u"Config.ini"_s, "[2026]\r\nPacht=1\r\n", mark }, "[2026]\r\nPacht=2\r\n");
+        QVERIFY(std::get<ReportTable>(prices.items.back()).rows[0].tint == RowTint::Attention);
+    }
+
+    void bills_that_went_out_are_shown_with_page_name_and_total()
+    {
+        const Kept kept;
+        KeepSentBills(kept.files, u"2026"_s, SentHow::Printed,
+            { { 1, u"Meier,Anna"_s, u"193,53"_s }, { 3, u"Lang,Otto"_s, u"7,00"_s } });
+        const std::optional<RedoRecord> state
+            = ReadKept(kept.files, kept.Actions().first().Files.first().Entry);
+        QCOMPARE(TextOfReport(StateReport(*state, std::nullopt)),
+            u"Abrechnungen 2026: Seiten 1 und 3 gedruckt, 20.11.2026, 14:03 Uhr\n"
+            "Seite\tName\tBetrag\n1\tMeier,Anna\t193,53\n3\tLang,Otto\t7,00\n"_s);
+    }
+
     void a_state_of_prices_and_of_members_is_shown()
     {
         const HistoryMark mark { 1, 1, QDateTime({ 2026, 11, 20 }, { 14, 3 }), Deed::Saved };
