@@ -121,13 +121,18 @@ private Q_SLOTS:
     void a_purpose_that_is_cut_ends_in_no_blank()
     {
         BankTransfer transfer = Example();
-        transfer.Payee = QString(70, u'Ä');
-        transfer.Purpose = QString(110, u'x') + u" yyyyyyyyyyyyyyyyyyyyyyyyyyyyyy"_s;
-        const qsizetype before = TransferPayload(transfer).size();
-        QVERIFY(before <= 331);
-        transfer.Purpose = QString(331 - 201, u'x') + u" yyyyyyyyyyyyyyy"_s;
-        QVERIFY(!Payload(transfer).endsWith(u' '));
-        QVERIFY(TransferPayload(transfer).size() <= 331);
+        transfer.Payee = QString(70, u'Ä'); // leaves 140 of 331 bytes for the purpose
+        const QString as_long_as_it_may_be(140, u'x');
+        const auto purpose = [&transfer](const QString& text) {
+            transfer.Purpose = text;
+            return Payload(transfer).section(u'\n', -1);
+        };
+        QCOMPARE(purpose(as_long_as_it_may_be), as_long_as_it_may_be);
+        QCOMPARE(TransferPayload(transfer).size(), 331);
+        QCOMPARE(purpose(as_long_as_it_may_be + u'y'), as_long_as_it_may_be);
+        QCOMPARE(
+            purpose(as_long_as_it_may_be.chopped(1) + u" yy"_s), as_long_as_it_may_be.chopped(1));
+        QCOMPARE(purpose(QString(200, u'ö')), QString(70, u'ö'));
     }
 
     void the_first_reason_against_a_code_is_said_data()
