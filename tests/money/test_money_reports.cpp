@@ -284,6 +284,19 @@ private Q_SLOTS:
         QVERIFY(text.contains(u"\t\tSumme\t500,00 €\t9,00 €\t491,00 €"_s));
     }
 
+    void the_cash_book_says_what_is_missing_and_what_is_no_number()
+    {
+        MoneySource source = Club({ opened_bank, u"05.03.2026;Porto;;1.5"_s }, {});
+        source.Unsaved = { true, 2 };
+        source.Unreadable = { u"HandKasse2026.pz"_s };
+        const QStringList lines = Lines(MakeCashBookReport(source, {}));
+        QCOMPARE(lines.mid(0, 4),
+            (QStringList { u"Kassenbuch 2026"_s, u"Enthält 2 noch nicht gespeicherte Buchungen."_s,
+                u"HandKasse2026.pz ist nicht lesbar und fehlt in diesem Bericht."_s, u"Konto"_s }));
+        QVERIFY2(lines.contains(u"2\t05.03.2026\tPorto\tleer\t1.5\t500,00 €"_s),
+            qPrintable(lines.join(u'\n')));
+    }
+
     void a_booking_of_several_lines_takes_their_room()
     {
         QStringList lines;
@@ -339,6 +352,20 @@ private Q_SLOTS:
                               "2025\t3\t5\t2\t12,34 €\n"_s));
         QVERIFY(lines(u"member:1"_s).contains(u"2023\t–\t–\t–\t–\n2025\t4\t\t\t\n"_s));
         QVERIFY(lines(u"member:7"_s).contains(u"Mitglied wählen …"_s));
+    }
+
+    void a_member_of_whom_there_were_two_is_not_guessed()
+    {
+        ClubYear year;
+        year.Year = 2025;
+        year.Members = { { u"Lang"_s, u"Otto"_s, u"3"_s, 5, 2, 1234 } };
+        ClubYear before;
+        before.Year = 2024;
+        before.Members = { { u"Lang"_s, u"Otto"_s, u"7"_s, 1, 1, 100 },
+            { u"Lang"_s, u"Otto"_s, u"8"_s, 1, 1, 200 } };
+        const QString text
+            = Lines(MakeYearsReport({ before, year }, 2025, Filtered(u"member:0"_s))).join(u'\n');
+        QVERIFY(text.contains(u"\n2024\tnicht eindeutig\t\t\t\n2025\t3\t5\t2\t12,34 €\n"_s));
     }
 
     void without_any_year_there_is_one_sentence()
