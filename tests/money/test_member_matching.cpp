@@ -148,6 +148,18 @@ private Q_SLOTS:
         row(55, u"Abrechnung Parzelle Nr. 030"_s, 2026, u"Koch,Nora"_s);
         row(56, u"Abrechnung Lang Rückzahlung"_s, 2026, u"Lang,Otto"_s);
         row(57, u"Abrechnung"_s, 2026, u"none"_s);
+        row(58, u"Gartenabrechnungen Lang"_s, 2026, u"Lang,Otto"_s);
+        row(59, u"Abrechnung Lang Garten"_s, 2026, u"Lang,Otto"_s);
+        row(60, u"Abrechnung Meier Garten 12ab"_s, 2026, u"Meier,Anna · Meier,Bernd"_s);
+        row(61, u"Abrechnung Meier Garten 12 Parzelle 9"_s, 2026, u"Meier,Bernd"_s);
+        row(62, u"Abrechnung Lang 20.11.2025"_s, 2026, u"Lang,Otto"_s);
+        row(63, u"Abrechnung Lang 2025-11-20"_s, 2026, u"Lang,Otto"_s);
+        row(64, u"Abrechnung Lang 2025-11"_s, 2025, u"Lang,Otto"_s);
+        row(65, u"Abrechnung Lang 2025-1-1"_s, 2025, u"Lang,Otto"_s);
+        row(66, u"Abrechnung Lang 2025/6"_s, 2025, u"Lang,Otto"_s);
+        row(67, u"Abrechnung Lang 12025"_s, 2026, u"Lang,Otto"_s);
+        row(68, u"Abrechnung Lang 2025x"_s, 2026, u"Lang,Otto"_s);
+        row(69, u"Abrechnung Lang . 2025"_s, 2025, u"Lang,Otto"_s);
         // clang-format on
     }
     void the_text_names_year_and_member()

@@ -2,6 +2,7 @@
 // files.
 #include "money/money_reading.h"
 
+#include "statement/statement_pages.h"
 #include "tests/support/data_folders.h"
 #include "tests/support/test_file.h"
 
@@ -99,6 +100,41 @@ private Q_SLOTS:
         DataFiles nowhere = club.folders.files;
         nowhere.DataDirectory += u"/fehlt"_s;
         QVERIFY(YearsOfFiles(nowhere, u"Konto"_s).isEmpty());
+        nowhere.DataDirectory = club.folders.Path(u"Konto2016.pz"_s); // no folder at all
+        QVERIFY(YearsOfFiles(nowhere, u"Konto"_s).isEmpty());
+    }
+
+    void bills_are_those_that_were_drawn_and_their_days_those_of_each_year()
+    {
+        Club club;
+        const QString record = u"Lang;Otto;;;;3;100;;0,00;0,00;0,00;0,00;;;;"_s;
+        club.members.RecordList = { record, u"Kurz;Karl"_s, record };
+        club.members.NameList = { u"Lang,Otto"_s, u"Kurz,Karl"_s, u"Lang,Otto"_s };
+        club.prices.MembershipFee = u"40,00"_s;
+        club.prices.BillingDate = u"20.11.2016"_s;
+        club.folders.Put(u"Config.ini"_s, "[2015]\r\nAbrechnungsdatum=19.11.2015\r\n");
+        club.folders.Put(u"Konto2015.pz"_s, "01.02.2015;Anfang;1,00;0,00\r\n");
+        BillSource bills;
+        bills.Members = club.members;
+        bills.Prices = club.prices;
+        bills.YearText = bills.LoadedYear = u"2016"_s;
+        QVERIFY_THROWS_EXCEPTION(RuntimeError, DrawAllPages(club.statement, bills));
+        const MoneySource source = club.Read();
+        QCOMPARE(source.Bills.size(), std::size_t { 3 });
+        QCOMPARE(source.Bills[0], std::optional<Cents>(4000));
+        QVERIFY(!source.Bills[1].has_value() && !source.Bills[2].has_value());
+        QCOMPARE(source.Years.Known.BillStarts,
+            (QHash<int, QDate> { { 2015, QDate(2015, 11, 19) }, { 2016, QDate(2016, 11, 20) } }));
+    }
+
+    void members_of_another_year_are_read_when_they_are_asked_for()
+    {
+        Club club;
+        club.folders.Put(u"Mitgliedsdaten2015.pz"_s, "Lang;Otto\r\n");
+        const MoneySource source = club.Read();
+        QCOMPARE(source.Years.Known.WithMembers, (QSet<int> { 2015, 2016 }));
+        QCOMPARE(source.Years.ReadRecords(2015), QStringList { u"Lang;Otto"_s });
+        QVERIFY_THROWS_EXCEPTION(RuntimeError, source.Years.ReadRecords(2014));
     }
 
     void the_cash_box_is_summed_as_it_is_shown()
