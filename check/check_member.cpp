@@ -1,36 +1,71 @@
 #include "check/check_member.h"
 
+#include <bit>
+#include <cstring>
+
 namespace {
 
-/// QString::fromRawData, in line: two years have tens of thousands of fields.
-QString PartOf(const char16_t* begin, const char16_t* end)
+constexpr qsizetype stride = 4; // characters in 64 bits
+
+/// The highest bit of each ";" among the four.
+quint64 MarksIn(quint64 four)
 {
-    return QString(QString::DataPointer::fromRawData(begin, end - begin));
+    constexpr quint64 marks = 0x003B'003B'003B'003B;
+    constexpr quint64 rest = 0x7FFF'7FFF'7FFF'7FFF; // all but the highest bits
+    const quint64 others = four ^ marks;
+    return ~(((others & rest) + rest) | others | rest);
 }
 
+/// Takes the fields of one line as they end.
+class FieldTaker {
+public:
+    FieldTaker(CheckMember& member, const char16_t* begin)
+        : m_member(member)
+        , m_begin(begin)
+    {
+    }
+
+    void TakeUpTo(const char16_t* end)
+    {
+        if (m_count < m_member.Fields.size())
+            m_member.Fields[m_count] = QStringView(m_begin, end);
+        m_begin = end + 1;
+        ++m_count;
+    }
+
+    std::size_t Count() const { return m_count; }
+
+private:
+    CheckMember& m_member;
+    const char16_t* m_begin;
+    std::size_t m_count = 0;
+};
+
+/// Four characters at a time: two years have tens of thousands of fields.
 void TakeFields(CheckMember& member, QStringView line)
 {
-    const char16_t* end = line.utf16() + line.size();
-    const char16_t* begin = line.utf16();
-    std::size_t count = 0;
-    for (const char16_t* at = begin;; ++at) {
-        if (at != end && *at != u';')
-            continue;
-        if (count < member.Fields.size())
-            member.Fields[count] = PartOf(begin, at);
-        ++count;
-        if (at == end)
-            break;
-        begin = at + 1;
+    const char16_t* at = line.utf16();
+    const char16_t* end = at + line.size();
+    FieldTaker fields(member, at);
+    for (; end - at >= stride; at += stride) {
+        quint64 four = 0;
+        std::memcpy(&four, at, sizeof four);
+        for (quint64 marks = MarksIn(four); marks != 0; marks &= marks - 1)
+            fields.TakeUpTo(at + std::countr_zero(marks) / 16);
     }
-    member.FieldCount = static_cast<qsizetype>(count);
+    for (; at != end; ++at) {
+        if (*at == u';')
+            fields.TakeUpTo(at);
+    }
+    fields.TakeUpTo(end);
+    member.FieldCount = static_cast<qsizetype>(fields.Count());
     member.Whole = member.FieldCount == MemberFieldCount;
 }
 
 void ReadNumbers(CheckMember& member, MemberField first)
 {
     for (auto field = static_cast<std::size_t>(first); field < MemberFieldCount; ++field) {
-        const QString& text = member.Fields[field];
+        const QStringView text = member.Fields[field];
         if (text.isEmpty())
             continue;
         const std::optional<ShortDecimal> number = ShortDecimalOf(text);

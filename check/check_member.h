@@ -13,9 +13,9 @@
 
 /// A member of this or a line of last year.
 struct CheckMember {
-    /// The first 17 fields, empty where the record is too short. They are parts of the line, not
-    /// copies: the line must outlive them and all texts that are copied from them alone.
-    std::array<QString, MemberFieldCount + 1> Fields;
+    /// The first 17 fields, empty where the record is too short: parts of the line, which must
+    /// outlive them.
+    std::array<QStringView, MemberFieldCount + 1> Fields;
     qsizetype FieldCount = 0; ///< of the line
     bool Whole = true; ///< exactly 16 fields
     std::array<ParsedDouble, MemberFieldCount - PlotSize> Numbers; ///< see NumberIn
@@ -25,10 +25,12 @@ struct CheckMember {
 /// The lines taken apart; the numbers are those from that field on, plot size at the earliest.
 std::vector<CheckMember> TakeMembersApart(const QStringList& lines, MemberField first_number);
 
-/// The field's text, empty when the record is too short.
-inline const QString& FieldOf(const CheckMember& member, int field)
+/// The field's text, empty when the record is too short. No copy: the line must outlive it and all
+/// texts that are copied from it alone.
+inline QString FieldOf(const CheckMember& member, int field)
 {
-    return member.Fields[static_cast<std::size_t>(field)];
+    const QStringView text = member.Fields[static_cast<std::size_t>(field)];
+    return QString(QString::DataPointer::fromRawData(text.utf16(), text.size()));
 }
 
 /// A field from plot size on as number; of last year's lines the readings alone.

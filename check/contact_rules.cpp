@@ -117,7 +117,7 @@ struct Line {
 
 std::vector<Line> LinesOf(const CheckMember& member)
 {
-    const QString& town = FieldOf(member, Town);
+    const QString town = FieldOf(member, Town);
     const qsizetype slash = town.indexOf(u'/');
     return { { FieldOf(member, FirstName) + u' ' + FieldOf(member, Surname), Surname },
         { FieldOf(member, Street), Street }, { slash < 0 ? town : town.left(slash), Town },
@@ -138,7 +138,7 @@ void CheckLines(Findings& findings, const CheckMember& member, qsizetype place)
 
 void CheckTelephone(Findings& findings, const CheckMember& member, qsizetype place)
 {
-    const QString& telephone = FieldOf(member, Telephone);
+    const QString telephone = FieldOf(member, Telephone);
     const QString name = DisplayName(member, place);
     const LinkTarget target = MemberTarget(place, Telephone);
     if (telephone.size() > line_width)

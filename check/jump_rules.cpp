@@ -28,8 +28,8 @@ void CheckJump(const CheckData& data, Findings& findings, qsizetype k, const Che
     const CheckMember& member = data.Members[static_cast<std::size_t>(k)];
     for (const int field :
         { PlotSize, LiabilityPremium, LegalPremium, AccidentPremium, BuildingPremium }) {
-        const QString& now = FieldOf(member, field);
-        const QString& then = FieldOf(before, field);
+        const QString now = FieldOf(member, field);
+        const QString then = FieldOf(before, field);
         const bool is_size = field == PlotSize;
         if (now == then
             || !FarApart(

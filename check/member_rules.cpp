@@ -135,8 +135,8 @@ bool IsNamed(const CheckData& data, const QString& surname)
 void CheckName(const CheckData& data, Findings& findings, qsizetype k)
 {
     const CheckMember& member = data.Members[static_cast<std::size_t>(k)];
-    const QString& surname = FieldOf(member, Surname);
-    const QString& first = FieldOf(member, FirstName);
+    const QString surname = FieldOf(member, Surname);
+    const QString first = FieldOf(member, FirstName);
     const auto add
         = [&](const QString& id, Level level, const QString& sentence, const QString& remedy) {
               AddTo(findings, { id, level, sentence, remedy }, MemberRow(data, k, Surname));
@@ -207,7 +207,7 @@ void CheckAddress(const CheckData& data, Findings& findings, qsizetype k)
                     fill_field },
                 MemberRow(data, k, field));
     }
-    const QString& instalments = FieldOf(member, Instalments);
+    const QString instalments = FieldOf(member, Instalments);
     if (!instalments.isEmpty() && !IsOneToThree(NumberIn(member, Instalments)))
         AddTo(findings,
             { u"C12d"_s, Level::Hint,

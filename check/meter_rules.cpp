@@ -13,7 +13,7 @@ constexpr float far_apart = 3.0F; // times
 
 /// A meter reading.
 struct Reading {
-    const QString& text;
+    QStringView text;
     const ParsedDouble& number;
 };
 
@@ -28,7 +28,7 @@ struct Readings {
 
 Reading ReadingIn(const CheckMember& member, MemberField field)
 {
-    return { FieldOf(member, field), NumberIn(member, field) };
+    return { member.Fields[static_cast<std::size_t>(field)], NumberIn(member, field) };
 }
 
 Readings ReadingsOf(const CheckData& data, qsizetype member, const MeterKind& meter)
@@ -228,7 +228,7 @@ void CheckFallingReadings(const CheckData& data, Findings& findings)
         finding.part = meter.Name;
         AddTo(findings, finding,
             MemberRow(data, readings.member, meter.End,
-                readings.start.text + u" bis "_s + readings.end.text));
+                u"%1 bis %2"_s.arg(readings.start.text, readings.end.text)));
     });
 }
 

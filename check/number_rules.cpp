@@ -161,7 +161,7 @@ void CheckMemberNumbers(const CheckData& data, Findings& findings)
         for (const int field : NumberFields()) {
             if (!IsNoNumber(data.Members[k], field))
                 continue;
-            const QString& text = FieldOf(data.Members[k], field);
+            const QString text = FieldOf(data.Members[k], field);
             if (finding.rows.empty())
                 finding.remedy
                     = u"Schreiben Sie Zahlen mit Komma, zum Beispiel %1."_s.arg(ExampleOf(field));
@@ -197,7 +197,7 @@ void CheckLastYearReadings(const CheckData& data, Findings& findings)
         for (int field = ElectricityStart; member.Whole && field <= WaterEnd; ++field) {
             if (!IsNoNumber(member, field))
                 continue;
-            const QString& text = FieldOf(member, field);
+            const QString text = FieldOf(member, field);
             const Finding finding { u"C08c"_s, Level::Error,
                 u"Im Jahr %1 steht bei einem Zählerstand keine Zahl."_s.arg(data.LastYear),
                 InLastYear(data, u"Zahlen mit Komma schreiben, zum Beispiel 1450, „OK“"_s) };
@@ -270,7 +270,7 @@ void CheckOddNumbers(const CheckData& data, Findings& findings)
         if (!data.Members[k].Whole || data.Members[k].PlainNumbers)
             continue;
         for (const int field : NumberFields()) {
-            const QString& text = FieldOf(data.Members[k], field);
+            const QString text = FieldOf(data.Members[k], field);
             if (IsReading(field) || IsOrdinary(text))
                 continue;
             const auto rounding = field == PlotSize ? Rounding::AsTyped : Rounding::Rounded;

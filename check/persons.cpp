@@ -156,8 +156,8 @@ bool MetersGoOn(const CheckMember& member, const CheckMember& before)
     bool goes_on = false;
     for (const auto& [start, end] :
         { std::pair { ElectricityStart, ElectricityEnd }, std::pair { WaterStart, WaterEnd } }) {
-        const QString& begin = FieldOf(member, start);
-        const QString& last = FieldOf(before, end);
+        const QString begin = FieldOf(member, start);
+        const QString last = FieldOf(before, end);
         if (begin.isEmpty() || last.isEmpty())
             continue;
         const ParsedDouble& a = NumberIn(member, start);

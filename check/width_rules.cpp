@@ -123,7 +123,7 @@ bool MayBeWide(const CheckData& data, qsizetype k, double largest_price)
 {
     const CheckMember& member = data.Members[static_cast<std::size_t>(k)];
     const auto large = [&](int field, double price) {
-        const QString& text = FieldOf(member, field);
+        const QString text = FieldOf(member, field);
         if (text.size() <= 4 && price <= widest_sure_amount / 1e4)
             return false;
         const ParsedDouble& number = NumberIn(member, field);
@@ -164,8 +164,8 @@ void CheckAddressLine(
 void CheckAddressLines(const CheckData& data, Findings& findings, qsizetype k)
 {
     const CheckMember& member = data.Members[static_cast<std::size_t>(k)];
-    const QString& first_name = FieldOf(member, FirstName);
-    const QString& surname = FieldOf(member, Surname);
+    const QString first_name = FieldOf(member, FirstName);
+    const QString surname = FieldOf(member, Surname);
     const auto may_be_wide = [](qsizetype size) { return size * widest_character > address_width; };
     if (may_be_wide(first_name.size() + 1 + surname.size()))
         CheckAddressLine(data, findings, k, first_name + u' ' + surname, Surname);
