@@ -4,8 +4,9 @@
 #include "controls/fields.h"
 #include "controls/frames.h"
 #include "history/sent_pages_form.h"
+#include "outgoing/bill_contents.h"
 #include "outgoing/bills_folder_form.h"
-#include "statement/statement_printer.h"
+#include "outgoing/single_pages.h"
 
 #include <QCoreApplication>
 #include <QDesktopServices>
@@ -88,13 +89,12 @@ RunResult WriteFiles(Program& program, const BillsAsPdfForm& form, const QString
     const std::vector<BillFile>& files)
 {
     RunResult result;
+    BillContents contents(program.Statement, files, form.Dialog, SinglePages);
     form.Progress->setRange(0, static_cast<int>(files.size()));
     for (const BillFile& file : files) {
         form.Progress->setValue(static_cast<int>(result.Done));
         QCoreApplication::processEvents(); // lets "Abbrechen" be pressed
-        const QByteArray content = IsCancelled(form)
-            ? QByteArray()
-            : PdfOfPages(program.Statement, file.Pages, form.Dialog);
+        const QByteArray content = IsCancelled(form) ? QByteArray() : contents.Next();
         if (content.isEmpty()) {
             result.Cancelled = true;
             return result;

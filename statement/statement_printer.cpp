@@ -25,7 +25,6 @@ constexpr int dots_per_inch = 300;
 constexpr double himetric_per_inch = 2540.0;
 constexpr double page_dots_per_inch = 96.0;
 constexpr int dot_mode = 3; // scale mode of the printer: dots
-constexpr qsizetype long_run = 50; // pages; shorter runs take less than a second
 
 /// The user does not want the pages after all.
 struct PrintCancelled { };
@@ -43,7 +42,7 @@ public:
         : m_box({}, words.CancelButton, 0, static_cast<int>(job.last - job.first + 1), window)
         , m_label(words.Label)
     {
-        const bool shown = m_box.maximum() >= long_run;
+        const bool shown = m_box.maximum() >= LongRun;
         m_box.setObjectName(u"PrintProgress"_s);
         m_box.setWindowTitle(u"Drucken"_s);
         m_box.setWindowModality(Qt::WindowModal);

@@ -9,6 +9,9 @@ class QPrinter;
 class QWidget;
 struct StatementState;
 
+/// Pages from which on a run shows its progress; shorter ones take less than a second.
+inline constexpr int LongRun = 50;
+
 /// A4, portrait, 300 dots per inch, the printable area as large as the printer allows.
 void SetUpPrinter(QPrinter& printer);
 
