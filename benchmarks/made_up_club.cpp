@@ -78,13 +78,30 @@ QByteArray LedgerBytes(int bookings)
     return bytes;
 }
 
+QByteArray OrderedLedgerBytes(int bookings)
+{
+    QByteArray bytes;
+    constexpr int first_number = 1'000'000; // as long as all others: in order as texts
+    for (int i = 0; i < bookings; ++i) {
+        const QDate day = QDate(2017, 1, 1).addDays(static_cast<qint64>(i) * 365 / bookings);
+        bytes += day.toString(u"dd.MM.yyyy"_s).toLatin1() + ";Vorgang " + Number(first_number + i)
+            + ";0,00;" + Number(i % 500) + ",25\r\n";
+    }
+    return bytes;
+}
+
 MadeUpClub::MadeUpClub(int members, int bookings)
+    : MadeUpClub(members, LedgerBytes(bookings))
+{
+}
+
+MadeUpClub::MadeUpClub(int members, const QByteArray& ledger)
 {
     if (members > 0) {
         Write(Folder, u"Mitgliedsdaten2016.pz"_s, MembersBytes(members, true));
         Write(Folder, u"Mitgliedsdaten2017.pz"_s, MembersBytes(members, false));
     }
-    Write(Folder, u"Konto2017.pz"_s, LedgerBytes(bookings));
+    Write(Folder, u"Konto2017.pz"_s, ledger);
     Write(Folder, u"Config.ini"_s, PricesBytes());
     Write(Folder, u"Config1.ini"_s, BankBytes(members));
     Write(Folder, u"V.dat"_s, "Verein\r\n");

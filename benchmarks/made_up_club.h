@@ -9,7 +9,10 @@
 QByteArray MembersBytes(int members, bool last_year);
 QByteArray PricesBytes();
 QByteArray BankBytes(int members);
-QByteArray LedgerBytes(int bookings);
+QByteArray LedgerBytes(int bookings); ///< in any order, as put together by hand
+
+/// The same in booking order, as each file is that the program wrote.
+QByteArray OrderedLedgerBytes(int bookings);
 
 /// A folder with a club's files of 2016 and 2017 and a program over it. It is 1 December 2017.
 struct MadeUpClub {
@@ -17,6 +20,7 @@ struct MadeUpClub {
     Program program;
 
     MadeUpClub(int members, int bookings);
+    MadeUpClub(int members, const QByteArray& ledger);
     ~MadeUpClub();
     MadeUpClub(const MadeUpClub&) = delete;
     MadeUpClub& operator=(const MadeUpClub&) = delete;

@@ -178,9 +178,9 @@ double KeyInAField(int members)
     });
 }
 
-double OpenLedger(int bookings)
+double OpenLedger(const QByteArray& ledger)
 {
-    MadeUpClub club(30, bookings);
+    MadeUpClub club(30, ledger);
     club.Open();
     club.program.Window.SSTab1->setCurrentIndex(2);
     QCoreApplication::processEvents();
@@ -190,6 +190,10 @@ double OpenLedger(int bookings)
         QCoreApplication::processEvents();
     });
 }
+
+double OpenLedgerInDisorder(int bookings) { return OpenLedger(LedgerBytes(bookings)); }
+
+double OpenLedgerInOrder(int bookings) { return OpenLedger(OrderedLedgerBytes(bookings)); }
 
 double Book(int bookings)
 {
@@ -277,9 +281,8 @@ double BarePdf(int members)
 }
 
 /// Split the lines, make the toolkit's German sort keys, sort, sum two amounts a line.
-double SortPlainly(int bookings)
+double SortPlainly(const QByteArray& bytes)
 {
-    const QByteArray bytes = LedgerBytes(bookings);
     const QCollator german { QLocale(QLocale::German) };
     return BestOf(runs, [&] {
         std::vector<std::pair<QByteArray, QCollatorSortKey>> keys;
@@ -300,6 +303,10 @@ double SortPlainly(int bookings)
     });
 }
 
+double SortInDisorder(int bookings) { return SortPlainly(LedgerBytes(bookings)); }
+
+double SortInOrder(int bookings) { return SortPlainly(OrderedLedgerBytes(bookings)); }
+
 using Case = double (*)(int);
 
 const std::map<QString, Case>& Cases()
@@ -309,8 +316,9 @@ const std::map<QString, Case>& Cases()
         { u"reading"_s, EnterReading }, { u"unkept"_s, EnterReadingUnkept },
         { u"load"_s, LoadTheYear }, { u"prices"_s, SavePrices }, { u"rewrite"_s, RewriteAndRead },
         { u"pdf"_s, PrintAll }, { u"bare-pdf"_s, BarePdf }, { u"page"_s, NextPageShown },
-        { u"key"_s, KeyInAField }, { u"ledger"_s, OpenLedger }, { u"book"_s, Book },
-        { u"sort"_s, SortPlainly } };
+        { u"key"_s, KeyInAField }, { u"ledger"_s, OpenLedgerInDisorder },
+        { u"ordered-ledger"_s, OpenLedgerInOrder }, { u"book"_s, Book },
+        { u"sort"_s, SortInDisorder }, { u"ordered-sort"_s, SortInOrder } };
     return cases;
 }
 

@@ -4,6 +4,8 @@
 #include "data/records.h"
 
 #include <algorithm>
+#include <optional>
+#include <utility>
 
 namespace {
 
@@ -36,12 +38,55 @@ SortBox Sorted(const QStringList& lines)
     return { SortedTexts(key_lines) };
 }
 
+constexpr qsizetype date_length = 10;
+
 /// The date's points and the fields' semicolons where sorting puts them.
 bool KeepsItsForm(const QString& line)
 {
-    constexpr qsizetype date_length = 10;
     return line.indexOf(QLatin1Char(';')) == date_length && line[2] == QLatin1Char('.')
         && line[5] == QLatin1Char('.') && line.count(QLatin1Char(';')) == LedgerFieldCount - 1;
+}
+
+/// Day, month and year as a number that grows with the days; nothing when a place holds no digit.
+std::optional<int> NumberOfDate(const QString& line)
+{
+    int number = 0;
+    for (const int place : { 6, 7, 8, 9, 3, 4, 0, 1 }) {
+        const char16_t digit = line[place].unicode();
+        if (digit < u'0' || digit > u'9')
+            return std::nullopt;
+        number = number * 10 + (digit - u'0');
+    }
+    return number;
+}
+
+/// Sees whether lines that keep their form come in order. Of another day than the line before, the
+/// day decides; of the same day, what stands behind it.
+class OrderWatch {
+public:
+    bool GoesOn(const QString& line)
+    {
+        const std::optional<int> date = NumberOfDate(line);
+        if (!date || date < m_date)
+            return false;
+        QByteArray rest = CollationKey(line.mid(date_length));
+        const bool goes_on = date > m_date || !(rest < m_rest);
+        m_date = *date;
+        m_rest = std::move(rest);
+        return goes_on;
+    }
+
+private:
+    int m_date = -1;
+    QByteArray m_rest;
+};
+
+/// True when sorting would change nothing, as with each file that the program wrote.
+bool IsInOrder(const QStringList& lines)
+{
+    OrderWatch watch;
+    return std::all_of(lines.begin(), lines.end(),
+        [&](const QString& line) { return KeepsItsForm(line) && watch.GoesOn(line); });
 }
 
 QByteArray SortKey(const QString& line) { return CollationKey(DateKeyLine(line)); }
@@ -62,6 +107,8 @@ QString LineOfDateKey(const QString& key_line)
 
 QStringList SortLedgerByDate(const QStringList& lines)
 {
+    if (IsInOrder(lines))
+        return lines;
     QStringList sorted = Sorted(lines).KeyLines;
     for (QString& line : sorted)
         line = LineOfDateKey(line);

@@ -1,12 +1,29 @@
 // The order of bookings.
 #include "cashbook/date_ordering.h"
 
+#include "data/collation.h"
 #include "tests/support/test_file.h"
 
 #include <QRandomGenerator>
 #include <QtTest>
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Sorted by the key of each whole line, whatever order the lines come in.
+QStringList SortedByKeys(const QStringList& lines)
+{
+    QStringList keys;
+    for (const QString& line : lines)
+        keys += DateKeyLine(line);
+    QStringList sorted;
+    for (const QString& key : SortedTexts(keys))
+        sorted += LineOfDateKey(key);
+    return sorted;
+}
+
+} // namespace
 
 class TestDateOrdering : public QObject {
     Q_OBJECT
@@ -76,6 +93,35 @@ private Q_SLOTS:
             PutInBookingOrder(lines, line, replaced);
             QCOMPARE(lines, SortLedgerByDate(expected));
         }
+    }
+
+    void lines_that_come_in_order_are_those_that_sorting_leaves_as_they_are()
+    {
+        const QStringList dates { u"01.03.2016"_s, u"02.03.2016"_s, u"01.04.2016"_s,
+            u"31.12.2015"_s, u"ab.03.2016"_s, u"-1.03.2016"_s, u"1.3.2016"_s };
+        const QStringList texts { u"Pacht"_s, u"PACHT"_s, u"pächt"_s, u"Pacht-Rest"_s,
+            u"Pachtrest"_s, u"-"_s, u""_s, u"'"_s, u"ßa"_s, u"ssa"_s, u"a\u0308"_s, u"żaba"_s };
+        const QStringList ends { u"0,00;1,00"_s, u"1,00;0,00"_s, u"0,00;1,00;5"_s };
+        QRandomGenerator dice(11);
+        const auto one_of = [&dice](const QStringList& list, qsizetype usual) {
+            const bool any = dice.bounded(40) == 0; // rarely one that needs sorting anew
+            return list[dice.bounded(static_cast<int>(any ? list.size() : usual))];
+        };
+        int left_as_they_were = 0;
+        for (int round = 0; round < 3000; ++round) {
+            QStringList lines;
+            for (int i = dice.bounded(1, 7); i > 0; --i)
+                lines += one_of(dates, 4) + u';' + one_of(texts, texts.size()) + u';'
+                    + one_of(ends, 2);
+            if (dice.bounded(2) == 0)
+                lines = SortedByKeys(lines);
+            if (dice.bounded(4) == 0)
+                lines.swapItemsAt(0, lines.size() - 1);
+            const QStringList sorted = SortLedgerByDate(lines);
+            QCOMPARE(sorted, SortedByKeys(lines));
+            left_as_they_were += sorted == lines ? 1 : 0;
+        }
+        QVERIFY(left_as_they_were > 1000 && left_as_they_were < 2500);
     }
 
     void a_line_of_another_form_changes_with_the_next_sort_data()
